@@ -1,0 +1,52 @@
+#include "platform/UserFolders.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QScopeGuard>
+
+using namespace morvak;
+using namespace Qt::StringLiterals;
+
+class TestUserFolders : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void userFolders_data();
+    void userFolders();
+};
+
+void TestUserFolders::userFolders_data()
+{
+    QTest::addColumn<QByteArray>("variable");
+    QTest::addColumn<QString>("data");
+    QTest::addColumn<QString>("config");
+    const QString home = QDir::homePath();
+    for (const QByteArray& useless : {QByteArray(), QByteArray(""), QByteArray("relative/folder")}) {
+        QTest::newRow(useless.isNull()    ? "unset"
+                      : useless.isEmpty() ? "empty"
+                                          : "relative")
+            << useless << home + u"/.local/share/Morvak"_s << home + u"/.config/Morvak/Morvak.conf"_s;
+    }
+    QTest::newRow("absolute") << QByteArray("/some where/") << u"/some where/Morvak"_s
+                              << u"/some where/Morvak/Morvak.conf"_s;
+}
+
+void TestUserFolders::userFolders()
+{
+    QFETCH(const QByteArray, variable);
+    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) {
+        const QByteArray before = qgetenv(name);
+        const auto restore = qScopeGuard([=] { qputenv(name, before); });
+        if (variable.isNull())
+            qunsetenv(name);
+        else
+            qputenv(name, variable);
+        if (name == QByteArrayView("XDG_DATA_HOME"))
+            QTEST(storeFolder(), "data");
+        else
+            QTEST(preferencesFile(), "config");
+    }
+}
+
+MORVAK_TEST(TestUserFolders);
+#include "test_user_folders.moc"
