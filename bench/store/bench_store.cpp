@@ -1,0 +1,153 @@
+// What the shoot store costs with 50 shoots of 200 sets, three items a set and every set activated twice.
+// "save" is a whole saving operation, the wait for the disk included; "bareWrite" writes and syncs the same
+// bytes with nothing else, so that save / bareWrite tells what Morvak adds on the machine at hand, and decode
+// / bareParse likewise.
+
+#include "store/ShootManager.h"
+#include "store/StoreFile.h"
+
+#include <QJsonDocument>
+#include <QSaveFile>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace {
+
+using namespace morvak;
+
+constexpr int shootCount = 50;
+constexpr int setCount = 200;
+
+SetData makeSet(int number)
+{
+    SetData set;
+    set.setNumber = QString::number(number);
+    set.brand = QStringLiteral("Maison Élodie & Noord");
+    set.model = QStringLiteral("Anna de Vries");
+    set.location = QStringLiteral("Studio 2, Amsterdam");
+    set.email = QStringLiteral("set%1@voorbeeld.example").arg(number);
+    set.taggedCount = number * 7;
+    for (const char* name : {"Overshirt", "Chino", "Sneaker \"Low\""})
+        set.items.append({.name = QString::fromLatin1(name), .color = QStringLiteral("navy")});
+    return set;
+}
+
+QList<Shoot> makeShoots()
+{
+    QList<Shoot> shoots;
+    for (int s = 0; s < shootCount; ++s) {
+        Shoot shoot;
+        shoot.name = QStringLiteral("Lookbook %1").arg(s);
+        shoot.location = QStringLiteral("Amsterdam");
+        shoot.watchFolderPath = QStringLiteral("/home/anna/Foto's/Lookbook %1/Capture").arg(s);
+        for (int n = 1; n <= setCount; ++n) {
+            shoot.sets.append(makeSet(n));
+            for (int twice = 0; twice < 2; ++twice)
+                shoot.activationLog.append({.setId = shoot.sets.last().id, .activatedAt = Timestamp::now()});
+        }
+        shoots.append(shoot);
+    }
+    return shoots;
+}
+
+QByteArray storeBytes()
+{
+    return encodeShoots(makeShoots()).value_or(QByteArray());
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        qFatal("cannot write the bench's file");
+}
+
+void encode(benchmark::State& state)
+{
+    const QList<Shoot> shoots = makeShoots();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(encodeShoots(shoots));
+    state.counters["bytes"] = static_cast<double>(encodeShoots(shoots)->size());
+}
+
+void decode(benchmark::State& state)
+{
+    const QByteArray bytes = storeBytes();
+    for (auto _ : state) {
+        JsonFault fault;
+        if (!decodeShoots(bytes, fault))
+            state.SkipWithError("unreadable");
+    }
+}
+
+void bareParse(benchmark::State& state)
+{
+    const QByteArray bytes = storeBytes();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(QJsonDocument::fromJson(bytes).isArray());
+}
+
+void bareWrite(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QByteArray bytes = storeBytes();
+    for (auto _ : state)
+        writeBytes(folder.filePath(QStringLiteral("bare.json")), bytes);
+}
+
+void save(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("shoots.json"));
+    writeBytes(path, storeBytes());
+    ShootManager manager(path);
+    manager.load();
+    for (auto _ : state)
+        manager.save();
+}
+
+/// As at the start of the program; giving the previous store's memory back does not count.
+void load(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("shoots.json"));
+    writeBytes(path, storeBytes());
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto manager = std::make_unique<ShootManager>(path);
+        state.ResumeTiming();
+        manager->load();
+        state.PauseTiming();
+        if (manager->shoots().size() != shootCount)
+            state.SkipWithError("not loaded");
+        manager.reset();
+        state.ResumeTiming();
+    }
+}
+
+void countPhoto(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("shoots.json"));
+    writeBytes(path, storeBytes());
+    ShootManager manager(path);
+    manager.load();
+    const QUuid lastSet = manager.shoots().last().sets.last().id;
+    for (auto _ : state)
+        manager.incrementTagCount(lastSet);
+}
+
+}  // namespace
+
+BENCHMARK(encode)->Unit(benchmark::kMillisecond);
+BENCHMARK(decode)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareParse)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareWrite)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(save)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(load)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(countPhoto)->Unit(benchmark::kMicrosecond);
+
+BENCHMARK_MAIN();

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/Timestamp.h"
+
+#include <QJsonValue>
+
+#include <optional>
+
+namespace morvak {
+
+class JsonWriter;
+struct JsonFault;
+
+/// How a JSON file spells its dates. The record codecs take one, as files differ in nothing else.
+struct DateForm {
+    void (*write)(JsonWriter& json, Timestamp date);
+    std::optional<Timestamp> (*read)(const QJsonValue& value, JsonFault& fault);
+};
+
+/// The store files: a number, the seconds of `Timestamp`.
+extern const DateForm numericDates;
+
+}  // namespace morvak

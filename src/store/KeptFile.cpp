@@ -1,0 +1,141 @@
+#include "store/KeptFile.h"
+
+#include "platform/Diagnostics.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace morvak {
+
+namespace {
+
+/// Far above what any user's sets take (10,000 of them fill 5 MB), and within what the JSON reader can hold.
+constexpr qint64 mostBytes = qint64(256) << 20;
+constexpr qint64 chunkBytes = qint64(1) << 20;
+
+/// Empty when `file` is open for reading; the reason otherwise. A pipe is not opened: that would wait.
+QString openRegular(QFile& file)
+{
+    if (!QFileInfo(file).isFile())
+        return QStringLiteral("geen gewoon bestand");
+    return file.open(QFile::ReadOnly) ? QString() : file.errorString();
+}
+
+// Unbuffered: QSaveFile of Qt 6.4 commits as if all were well when the flush of its buffer failed.
+constexpr QFile::OpenMode replacing = QFile::WriteOnly | QFile::Unbuffered;
+
+/// Empty when all of `rest` was written; the reason otherwise.
+QString append(QSaveFile& target, QByteArrayView rest)
+{
+    while (!rest.isEmpty()) {
+        const qint64 written = target.write(rest.data(), rest.size());
+        if (written <= 0)
+            return target.errorString();
+        rest = rest.sliced(written);
+    }
+    return {};
+}
+
+/// Empty when the new file stands in the place of the old one; the reason otherwise.
+QString commit(QSaveFile& target)
+{
+    return target.commit() ? QString() : target.errorString();
+}
+
+QString writeAll(const QString& path, const QByteArray& content)
+{
+    QSaveFile target(path);
+    if (!target.open(replacing))
+        return target.errorString();
+    const QString problem = append(target, content);
+    return problem.isEmpty() ? commit(target) : problem;
+}
+
+QString copyAll(const QString& from, const QString& to)
+{
+    QFile source(from);
+    if (const QString problem = openRegular(source); !problem.isEmpty())
+        return problem;
+    QSaveFile target(to);
+    if (!target.open(replacing))
+        return target.errorString();
+    target.setPermissions(source.permissions());
+    while (!source.atEnd()) {
+        const QByteArray chunk = source.read(chunkBytes);
+        if (source.error() != QFile::NoError)
+            return source.errorString();
+        if (const QString problem = append(target, chunk); !problem.isEmpty())
+            return problem;
+    }
+    return commit(target);
+}
+
+QString freeNameBeside(const QString& path)
+{
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    const QString base = path + QStringLiteral(".onleesbaar-") + stamp;
+    QString name = base;
+    for (int n = 2; QFileInfo::exists(name); ++n)
+        name = QStringLiteral("%1-%2").arg(base).arg(n);
+    return name;
+}
+
+}  // namespace
+
+KeptFile::KeptFile(QString path) : m_path(std::move(path)) {}
+
+std::optional<QByteArray> KeptFile::read()
+{
+    m_mayBeReplaced = false;
+    if (!QFileInfo::exists(m_path))
+        return std::nullopt;
+    QFile file(m_path);
+    QString problem = openRegular(file);
+    QByteArray content;
+    if (problem.isEmpty() && file.size() > mostBytes)
+        problem = QStringLiteral("te groot");
+    if (problem.isEmpty()) {
+        content = file.readAll();
+        if (file.error() != QFile::NoError)
+            problem = file.errorString();
+    }
+    if (problem.isEmpty())
+        return content;
+    reject(problem);
+    return std::nullopt;
+}
+
+void KeptFile::reject(const QString& reason)
+{
+    diagnostic(QStringLiteral("⚠️ %1 is niet gelezen: %2").arg(m_path, reason));
+}
+
+bool KeptFile::replace(const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(m_path).path());
+    if (!m_mayBeReplaced && QFileInfo::exists(m_path) && !copyAside())
+        return false;
+    if (const QString problem = writeAll(m_path, content); !problem.isEmpty()) {
+        diagnostic(QStringLiteral("⚠️ %1 is niet bewaard: %2").arg(m_path, problem));
+        return false;
+    }
+    m_mayBeReplaced = true;
+    return true;
+}
+
+bool KeptFile::copyAside()
+{
+    const QString copy = freeNameBeside(m_path);
+    const QString problem = copyAll(m_path, copy);
+    m_mayBeReplaced = problem.isEmpty();
+    diagnostic(m_mayBeReplaced
+                   ? QStringLiteral("⚠️ %1 is opzij gezet als %2").arg(m_path, copy)
+                   : QStringLiteral("⚠️ %1 is niet bewaard: het onleesbare bestand kan niet opzij: %2")
+                         .arg(m_path, problem));
+    return m_mayBeReplaced;
+}
+
+}  // namespace morvak
