@@ -1,0 +1,114 @@
+#include "metadata/PhotoWriter.h"
+
+#include "metadata/TaggingRequest.h"
+#include "metadata/ToolRequest.h"
+#include "platform/Diagnostics.h"
+#include "platform/FileName.h"
+#include "platform/PhotoFile.h"
+
+namespace morvak {
+
+namespace {
+
+using Reply = StayOpenTool::Reply;
+
+constexpr int attempts = 2;
+
+bool failed(const QString& filePath, const QString& reason)
+{
+    diagnostic(QStringLiteral("❌ Failed to tag: ") + lastPathComponent(filePath) + QStringLiteral(" — ") +
+               reason);
+    return false;
+}
+
+bool isHeld(const QString& filePath)
+{
+    return !heldForWriting({filePath}).isEmpty();
+}
+
+/// exiftool refuses to touch a photo while this lies beside it.
+void removeStaleTemporaryFile(const QString& filePath)
+{
+    const QString temporary = filePath + QStringLiteral("_exiftool_tmp");
+    if (!regularFileState(temporary) || isHeld(temporary))
+        return;
+    const bool removed = removeFile(temporary);
+    diagnostic((removed ? QStringLiteral("🔧 Removed stale ") : QStringLiteral("❌ Cannot remove stale ")) +
+               lastPathComponent(temporary));
+}
+
+bool isReadyForWriting(const QString& filePath)
+{
+    if (!isSendablePath(filePath))
+        return failed(filePath, QStringLiteral("path refused"));
+    if (!regularFileState(filePath))
+        return failed(filePath, QStringLiteral("not a regular file"));
+    if (isHeld(filePath))
+        return failed(filePath, QStringLiteral("open for writing elsewhere"));
+    removeStaleTemporaryFile(filePath);
+    return true;
+}
+
+bool judged(const AnswerReader& answer, const QString& filePath, const SetData& set)
+{
+    if (!answer.succeeded())
+        return failed(filePath, QString::fromUtf8(answer.output()));
+    diagnostic(QStringLiteral("✅ Tagged: ") + lastPathComponent(filePath) + QStringLiteral(" → ") +
+               set.headline());
+    return true;
+}
+
+}  // namespace
+
+PhotoWriter::PhotoWriter(const ToolLimits& limits, std::function<QString()> findTool, const Interrupt& quit)
+    : m_quit(quit),
+      m_tool({.label = QStringLiteral("ExifTool"), .limits = limits}, std::move(findTool), quit),
+      m_queue(QStringLiteral("exiftool writer"))
+{
+}
+
+void PhotoWriter::start()
+{
+    (void)m_queue.post([this] {
+        if (!m_quit.isRaised())
+            m_tool.start();
+    });
+}
+
+void PhotoWriter::stop()
+{
+    (void)m_queue.post([this] { m_tool.stop(); });
+}
+
+void PhotoWriter::write(const QString& filePath, const SetData& set, const QString& shootName,
+                        const Completion& completion)
+{
+    const bool accepted = m_queue.post([=, this] { completion(tag(filePath, set, shootName)); });
+    if (!accepted)
+        completion(failed(filePath, QStringLiteral("quitting")));
+}
+
+void PhotoWriter::close()
+{
+    m_queue.close([this] { m_tool.stop(); });
+}
+
+bool PhotoWriter::tag(const QString& filePath, const SetData& set, const QString& shootName)
+{
+    const QStringList options = taggingOptions(set, shootName);
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (m_quit.isRaised())
+            return failed(filePath, QStringLiteral("quitting"));
+        if (!m_tool.start() || !isReadyForWriting(filePath))
+            return false;
+        const Reply reply = m_tool.request(options, filePath);
+        if (reply.kind == Reply::Kind::Answered)
+            return judged(reply.answer, filePath, set);
+        if (!m_tool.drop())
+            return failed(filePath, QStringLiteral("the tool cannot be ended"));
+        removeStaleTemporaryFile(filePath);
+    }
+    return failed(filePath, QStringLiteral("no answer"));
+}
+
+}  // namespace morvak

@@ -1,0 +1,167 @@
+#include "metadata/StayOpenTool.h"
+
+#include "metadata/ToolEnvironment.h"
+#include "metadata/ToolRequest.h"
+#include "platform/Diagnostics.h"
+
+#include <QFileInfo>
+
+#include <csignal>
+
+namespace morvak {
+
+namespace {
+
+using Io = ChildProcess::Io;
+using Kind = StayOpenTool::Reply::Kind;
+
+constexpr QByteArrayView stopCommand = "-stay_open\nfalse\n";
+constexpr qsizetype mostAnswerBytes = 512 * 1024 * 1024;
+constexpr ToolLimits::ms killPatience{1'000};
+
+QDeadlineTimer in(ToolLimits::ms time)
+{
+    return QDeadlineTimer(time);
+}
+
+}  // namespace
+
+StayOpenTool::StayOpenTool(Job job, std::function<QString()> findTool, const Interrupt& quit)
+    : m_job(std::move(job)), m_findTool(std::move(findTool)), m_quit(quit)
+{
+}
+
+StayOpenTool::~StayOpenTool() = default;
+
+bool StayOpenTool::start()
+{
+    if (m_running)
+        return true;
+    const QString path = m_findTool();
+    if (!QFileInfo::exists(path)) {
+        say("❌", QStringLiteral(" not found at: ") + path);
+        return false;
+    }
+    if (!end(ToolLimits::ms(0)))
+        return false;
+    say("🔧", QStringLiteral(" path: ") + path);
+    diagnostic(QStringLiteral("🔧 PERL5LIB: ") + toolLibrary(path));
+    m_running = launch(path);
+    return m_running;
+}
+
+bool StayOpenTool::launch(const QString& path)
+{
+    QString error;
+    m_child = ChildProcess::launch(toolCommand(path, {"-stay_open", "true", "-@", "-"}), error);
+    if (m_child)
+        say("✅", QStringLiteral(" started in stay-open mode"));
+    else
+        diagnostic(QStringLiteral("❌ Failed to start ") + m_job.label + QStringLiteral(": ") + error);
+    return m_child != nullptr;
+}
+
+StayOpenTool::Reply StayOpenTool::request(const QStringList& options, const QString& filePath)
+{
+    const qint64 number = m_job.lastRequest + 1;
+    const std::optional<QByteArray> bytes = requestBytes(options, filePath, number);
+    if (!bytes)
+        return {.kind = Kind::Refused};
+    m_job.lastRequest = number;
+    switch (m_child->write(*bytes, in(m_job.limits.answer), &m_quit)) {
+        case Io::Done:
+            return awaitAnswer(number);
+        case Io::Interrupted:
+            return {.kind = Kind::Cut};
+        case Io::TimedOut:
+            return silent(number);
+        case Io::EndOfStream:
+        case Io::Failed:
+            break;
+    }
+    return lost(QStringLiteral(" stdin write failed: ") + m_child->errorText());
+}
+
+StayOpenTool::Reply StayOpenTool::awaitAnswer(qint64 number)
+{
+    AnswerReader answer(number, m_job.marker);
+    QDeadlineTimer deadline = in(m_job.limits.answer);
+    const Interrupt* quit = &m_quit;
+    QByteArray chunk;
+    while (!deadline.hasExpired() && answer.output().size() < mostAnswerBytes) {
+        switch (m_child->read(chunk, deadline, quit)) {
+            case Io::Done:
+                if (answer.feed(chunk))
+                    return {Kind::Answered, std::move(answer)};
+                break;
+            case Io::TimedOut:
+                break;
+            case Io::Interrupted:
+                quit = nullptr;
+                deadline = std::min(deadline, in(m_job.limits.quitGrace));
+                break;
+            case Io::EndOfStream:
+                return lost(QStringLiteral(" ended before ") + QString::fromLatin1(readyMarker(number)));
+            case Io::Failed:
+                return lost(QStringLiteral(" stdout read failed: ") + m_child->errorText());
+        }
+    }
+    return quit ? silent(number) : Reply{.kind = Kind::Cut};
+}
+
+StayOpenTool::Reply StayOpenTool::lost(const QString& line)
+{
+    say("❌", line);
+    return {.kind = Kind::Lost};
+}
+
+StayOpenTool::Reply StayOpenTool::silent(qint64 number)
+{
+    say("⏱️", QStringLiteral(" timeout waiting for ") + QString::fromLatin1(readyMarker(number)) +
+                      QStringLiteral(" — restarting"));
+    return {.kind = Kind::Silent};
+}
+
+bool StayOpenTool::drop()
+{
+    return end(m_quit.isRaised() ? ToolLimits::ms(0) : m_job.limits.dropPatience);
+}
+
+void StayOpenTool::stop()
+{
+    const ToolLimits::ms patience =
+        m_quit.isRaised() ? m_job.limits.quitStopPatience : m_job.limits.stopPatience;
+    // A write error tells that the tool is gone already.
+    if (m_running)
+        (void)m_child->write(stopCommand, in(patience));
+    if (end(patience))
+        say("✅", QStringLiteral(" stopped"));
+}
+
+/// Waits for the child to end by itself for `patience`, or until the application quits; then makes it.
+bool StayOpenTool::end(ToolLimits::ms patience)
+{
+    m_running = false;
+    if (!m_child)
+        return true;
+    const auto endsAfter = [this](int signal, ToolLimits::ms wait) {
+        m_child->sendSignal(signal);
+        return m_child->waitForExit(in(wait));
+    };
+    m_child->closePipes();
+    const Interrupt* quit = m_quit.isRaised() ? nullptr : &m_quit;
+    if (m_child->waitForExit(in(patience), quit) || endsAfter(SIGINT, m_job.limits.interruptPatience) ||
+        endsAfter(SIGKILL, killPatience)) {
+        m_child.reset();
+        return true;
+    }
+    say("❌", QStringLiteral(" could not be ended: ") + QString::number(m_child->pid()));
+    return false;
+}
+
+void StayOpenTool::say(const char* symbol, const QString& text) const
+{
+    diagnostic(QString::fromUtf8(symbol) + u' ' + m_job.label + text);
+}
+
+}  // namespace morvak

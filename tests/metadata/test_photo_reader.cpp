@@ -1,0 +1,134 @@
+#include "FakeTool.h"
+#include "metadata/ExifToolService.h"
+#include "support/TestMain.h"
+
+#include <QFile>
+
+#include <future>
+
+using namespace std::chrono_literals;
+using namespace morvak;
+using morvak::test::FakeTool;
+
+namespace {
+
+const QStringList previewOptions = {QStringLiteral("-b"), QStringLiteral("-PreviewImage")};
+
+std::future<QByteArray> startRead(ExifToolService& service, const QString& path)
+{
+    return std::async(std::launch::async, [&service, path] { return service.read(previewOptions, path); });
+}
+
+QByteArray read(ExifToolService& service, const QString& path)
+{
+    return startRead(service, path).get();
+}
+
+}  // namespace
+
+class TestPhotoReader : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(test::childProcesses(), QList<int>()); }
+
+    void givesThePhotosBytesAsTheyAre();
+    void runsTheToolOnceWhenTheReaderDies();
+    void givesUpOnASilentReader();
+    void givesNothingWithoutATool();
+    void readsRegularFilesByAbsolutePathsOnly();
+    void quitEndsEveryRead();
+};
+
+void TestPhotoReader::givesThePhotosBytesAsTheyAre()
+{
+    const FakeTool tool("payload");
+    QByteArray payload("\xff\xd8\0{ready000001}\nerror\n", 24);
+    while (payload.size() < 3'000'000)
+        payload += payload;
+    tool.control(QStringLiteral("payload"), payload);
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QVERIFY(read(service, photo) == payload);
+    tool.control(QStringLiteral("payload"), "6\n");
+    QCOMPARE(read(service, photo), QByteArray("6\n"));
+
+    const QStringList log = tool.log();
+    QCOMPARE(log.size(), 3);
+    const QString start = QStringLiteral("request -b|-PreviewImage|%1|-execute").arg(photo);
+    QVERIFY(log.at(1).startsWith(start) && log.at(2).startsWith(start));
+    const qint64 number = log.at(1).sliced(start.size()).toLongLong();
+    QVERIFY(number > 1'000'000'000'000'000);
+    QCOMPARE(log.at(2).sliced(start.size()).toLongLong(), number + 1);
+}
+
+void TestPhotoReader::runsTheToolOnceWhenTheReaderDies()
+{
+    const FakeTool tool("die payload");
+    tool.control(QStringLiteral("payload"), "from the reader");
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QCOMPARE(read(service, photo), QByteArray("from a run of its own"));
+    QVERIFY(tool.log().contains(QStringLiteral("one-shot -b -PreviewImage ") + photo));
+    QCOMPARE(read(service, photo), QByteArray("from the reader"));
+    QCOMPARE(tool.count(QStringLiteral("one-shot")), 1);
+}
+
+void TestPhotoReader::givesUpOnASilentReader()
+{
+    const FakeTool tool("silent garbage payload");
+    tool.control(QStringLiteral("payload"), "from the reader");
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(read(service, photo), QByteArray("from the reader"));
+    QCOMPARE(tool.count(QStringLiteral("one-shot")), 0);
+}
+
+void TestPhotoReader::givesNothingWithoutATool()
+{
+    const FakeTool tool("payload");
+    ExifToolConfig config = tool.config();
+    QString place = QStringLiteral("/nowhere/exiftool");
+    config.findTool = [&place] { return place; };
+    ExifToolService service(config);
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QCOMPARE(read(service, photo), QByteArray());
+    place = tool.photo(QStringLiteral("not executable"));
+    QCOMPARE(read(service, photo), QByteArray());
+}
+
+void TestPhotoReader::readsRegularFilesByAbsolutePathsOnly()
+{
+    const FakeTool tool("payload");
+    tool.control(QStringLiteral("payload"), "bytes");
+    tool.control(QStringLiteral("a\nb.jpg"));
+    ExifToolService service(tool.config());
+    for (const QString& path : {QStringLiteral("-ver"), QString(), tool.path({}),
+                                tool.path(QStringLiteral("a\nb.jpg")), tool.path(QStringLiteral("gone.jpg"))})
+        QCOMPARE(read(service, path), QByteArray());
+    QCOMPARE(tool.log(), QStringList());
+}
+
+void TestPhotoReader::quitEndsEveryRead()
+{
+    const FakeTool tool("silent");
+    ExifToolConfig config = tool.config();
+    config.reader.answer = 10min;
+    config.reader.dropPatience = 10min;
+    ExifToolService service(config);
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    std::vector<std::future<QByteArray>> reads;
+    for (int i = 0; i < 4; ++i)
+        reads.push_back(startRead(service, photo));
+    QTRY_COMPARE(tool.count(QStringLiteral("request")), 1);
+    service.terminateForAppQuit();
+    for (std::future<QByteArray>& each : reads)
+        QCOMPARE(each.get(), QByteArray());
+    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(tool.count(QStringLiteral("request")), 1);
+}
+
+MORVAK_TEST(TestPhotoReader);
+#include "test_photo_reader.moc"
