@@ -1,0 +1,108 @@
+#include "platform/Diagnostics.h"
+#include "platform/FileName.h"
+#include "store/ShootManager.h"
+#include "watch/FolderWatcher.h"
+#include "watch/Thumbnail.h"
+
+// The published state of the watcher and how it changes; the folder and its events are in FolderWatcher.cpp.
+
+namespace morvak {
+
+namespace {
+
+constexpr qsizetype longestLog = 200;
+constexpr qsizetype mostThumbnails = 5;
+
+}  // namespace
+
+void FolderWatcher::addLog(const QString& message, LogType type)
+{
+    m_mainThread.post([this, message, type] {
+        m_log.prepend({QUuid::createUuid(), QDateTime::currentDateTime(), message, type});
+        if (m_log.size() > longestLog)
+            m_log.resize(longestLog);
+        Q_EMIT logChanged();
+    });
+}
+
+void FolderWatcher::appendThumbnail(const QImage& image, const QString& filename)
+{
+    const QImage thumbnail = makeThumbnail(image);
+    if (thumbnail.isNull())
+        return;
+    m_recentThumbnails.prepend({filename, thumbnail});
+    if (m_recentThumbnails.size() > mostThumbnails)
+        m_recentThumbnails.resize(mostThumbnails);
+    Q_EMIT recentThumbnailsChanged();
+}
+
+void FolderWatcher::setCurrentSet(const std::optional<SetData>& set)
+{
+    const bool isNew = set && (!m_currentSet || m_currentSet->id != set->id);
+    m_currentSet = set;
+    Q_EMIT currentSetChanged();
+    if (!isNew)
+        return;
+    diagnostic(QStringLiteral("🏷️ Actieve set: ") + set->headline());
+    setJustActivatedHeadline(set->headline());
+    m_bannerTimer.start();
+    m_services.playSound();
+}
+
+void FolderWatcher::setJustActivatedHeadline(const std::optional<QString>& headline)
+{
+    m_justActivatedHeadline = headline;
+    Q_EMIT justActivatedHeadlineChanged();
+}
+
+void FolderWatcher::setQrDetectionEnabled(bool enabled)
+{
+    m_qrDetectionEnabled = enabled;
+    Q_EMIT qrDetectionEnabledChanged();
+}
+
+void FolderWatcher::setDeleteQRCardAfterScan(bool enabled)
+{
+    m_deleteQRCardAfterScan = enabled;
+    Q_EMIT deleteQRCardAfterScanChanged();
+}
+
+void FolderWatcher::setTaggedCount(qint64 count)
+{
+    m_taggedCount = count;
+    Q_EMIT taggedCountChanged();
+}
+
+void FolderWatcher::cardActivated(const SetData& set)
+{
+    setCurrentSet(set);
+    ++m_setCount;
+    Q_EMIT setCountChanged();
+    addLog(QStringLiteral("📷 Set herkend uit foto: ") + set.headline(), LogType::success);
+}
+
+void FolderWatcher::photoTagged(const QString& name, const SetData& set, const QImage& thumbnail)
+{
+    setTaggedCount(m_taggedCount + 1);
+    m_lastTaggedFile = name;
+    Q_EMIT lastTaggedFileChanged();
+    if (m_shootManager)
+        m_shootManager->incrementTagCount(set.id);
+    addLog(QStringLiteral("✅ Getagd: %1 → %2").arg(name, set.headline()), LogType::success);
+    appendThumbnail(thumbnail, name);
+}
+
+void FolderWatcher::taggingFailed(const QString& name)
+{
+    if (lowerCaseExtension(name) == u"3fr")
+        addLog(
+            QStringLiteral(
+                "ℹ️ %1 niet getagd — .3FR kan exiftool niet wegschrijven, een beperking van exiftool "
+                "zelf, niet van Morvak")
+                .arg(name),
+            LogType::warning);
+    else
+        addLog(QStringLiteral("❌ Tagging mislukt: ") + name, LogType::error);
+}
+
+}  // namespace morvak

@@ -1,0 +1,222 @@
+#include "watch/PhotoPipeline.h"
+
+#include "platform/Diagnostics.h"
+#include "platform/FileName.h"
+#include "store/ShootManager.h"
+#include "watch/FolderWatcher.h"
+#include "watch/WatcherServices.h"
+
+#include <limits>
+
+namespace morvak {
+
+namespace {
+
+constexpr int photosReadAtOnce = 4;
+
+/// The pool takes the higher priority first: the photo scheduled first, for which the others wait.
+int poolPriority(quint64 runNumber)
+{
+    return -int(runNumber % std::numeric_limits<int>::max());
+}
+
+}  // namespace
+
+PhotoPipeline::PhotoPipeline(FolderWatcher& watcher, const WatcherServices& services, MainThread mainThread)
+    : m_watcher(watcher),
+      m_services(services),
+      m_mainThread(std::move(mainThread)),
+      m_waitingRoom(services.waitLimits, services.files, m_mainThread,
+                    {[this](quint64 run, quint64 size) { sizeSettled(run, size); },
+                     [this](quint64 run) { finish(run); }, [this](quint64 run) { released(run); },
+                     [this](quint64 run) { stillHeld(run); }})
+{
+    m_processingQueue.setMaxThreadCount(photosReadAtOnce);
+}
+
+PhotoPipeline::~PhotoPipeline()
+{
+    prepareToQuit();
+    m_processingQueue.waitForDone();
+}
+
+void PhotoPipeline::prepareToQuit()
+{
+    m_stop.request_stop();
+    m_processingQueue.clear();
+}
+
+bool PhotoPipeline::schedule(const QString& path)
+{
+    const PhotoRun* const run = m_runs.add(path);
+    if (run)
+        m_waitingRoom.settle(run->number, path);
+    return run;
+}
+
+void PhotoPipeline::sizeSettled(quint64 number, quint64 size)
+{
+    PhotoRun* const run = m_runs.find(number);
+    const QString name = lastPathComponent(run->path);
+    diagnostic(QStringLiteral("📁 Bestand stabiel: %1 (%2KB)").arg(name, QString::number(size / 1024)));
+    if (const auto old = m_watcher.m_taggedSignatures.constFind(run->path);
+        old != m_watcher.m_taggedSignatures.constEnd()) {
+        if (old->size == size) {
+            finish(number);
+            return;
+        }
+        m_watcher.addLog(
+            QStringLiteral("⚠️ Bestandsnaam hergebruikt: %1 heeft nieuwe inhoud (was al eerder "
+                           "getagd). Mogelijk cameranummer gewrapt of kaart vervangen — opnieuw "
+                           "getagd.")
+                .arg(name),
+            LogType::warning);
+    }
+    run->stage = PhotoRun::Stage::Locked;
+    m_waitingRoom.awaitRelease(number, run->path);
+}
+
+void PhotoPipeline::stillHeld(quint64 number)
+{
+    const QString name = lastPathComponent(m_runs.find(number)->path);
+    m_watcher.addLog(
+        QStringLiteral("⚠️ Bestand gelocked door ander process — %1 overgeslagen").arg(name),
+        LogType::warning);
+    finishAndLookAgain(number);
+}
+
+void PhotoPipeline::released(quint64 number)
+{
+    PhotoRun* const run = m_runs.find(number);
+    run->stage = PhotoRun::Stage::Reading;
+    const ShootManager* const store = m_watcher.m_shootManager;
+    const bool detectCode = m_watcher.qrDetectionEnabled() && store && store->activeShoot();
+    m_processingQueue.start(
+        [this, number, path = run->path, detectCode] {
+            const PhotoReading reading = readPhoto(path, detectCode, m_services.eyes, m_stop.get_token());
+            m_mainThread.post([this, number, reading] { photoRead(number, reading); });
+        },
+        poolPriority(number));
+}
+
+void PhotoPipeline::photoRead(quint64 number, const PhotoReading& reading)
+{
+    PhotoRun* const run = m_runs.find(number);
+    run->reading = reading;
+    run->stage = PhotoRun::Stage::Ready;
+    takeSets();
+}
+
+void PhotoPipeline::takeSets()
+{
+    while (PhotoRun* const run = m_runs.nextToTakeSet())
+        takeSet(*run);
+}
+
+void PhotoPipeline::takeSet(PhotoRun& run)
+{
+    if (activateCard(run) && m_watcher.deleteQRCardAfterScan()) {
+        discardCard(run);
+    } else if (const std::optional<SetData> set = m_watcher.currentSet()) {
+        write(run, *set);
+    } else {
+        const QString name = lastPathComponent(run.path);
+        m_watcher.addLog(QStringLiteral("⚠️ Geen actieve set — %1 overgeslagen").arg(name),
+                         LogType::warning);
+        finish(run.number);
+    }
+}
+
+/// True when the photo shows the card of another set than the current one, which is then active.
+bool PhotoPipeline::activateCard(const PhotoRun& run)
+{
+    if (!run.reading.codeText || !m_watcher.m_shootManager)
+        return false;
+    const std::optional<SetData> parsed = SetData::parse(*run.reading.codeText);
+    if (!parsed)
+        return false;
+    const std::optional<SetData>& current = m_watcher.currentSet();
+    if (current && current->setNumber == parsed->setNumber && current->brand == parsed->brand)
+        return false;
+    const std::optional<SetData> activated = m_watcher.m_shootManager->handleScanInput(*run.reading.codeText);
+    if (activated)
+        m_watcher.cardActivated(*activated);
+    return activated.has_value();
+}
+
+void PhotoPipeline::discardCard(PhotoRun& run)
+{
+    run.stage = PhotoRun::Stage::Trashing;
+    m_processingQueue.start([this, number = run.number, path = run.path] {
+        const bool moved = m_services.moveToTrash(path);
+        m_mainThread.post([this, number, moved, name = lastPathComponent(path)] {
+            if (moved)
+                m_watcher.addLog(QStringLiteral("🗑️ QR-kaart naar prullenbak: ") + name, LogType::info);
+            else
+                m_watcher.addLog(QStringLiteral("⚠️ Kon QR-kaart niet verwijderen: ") + name,
+                                 LogType::warning);
+            finish(number);
+        });
+    });
+}
+
+void PhotoPipeline::write(PhotoRun& run, const SetData& set)
+{
+    run.stage = PhotoRun::Stage::Writing;
+    const ShootManager* const store = m_watcher.m_shootManager;
+    const std::optional<Shoot> shoot = store ? store->activeShoot() : std::nullopt;
+    const QString shootName = shoot ? shoot->name : QString();
+    diagnostic(QStringLiteral("🏷️ Tagging %1 with set: %2 (shoot: %3)")
+                   .arg(lastPathComponent(run.path), set.headline(), shootName));
+    m_services.writeMetadata(run.path, set, shootName,
+                             [this, port = m_mainThread, number = run.number, set](bool ok) {
+                                 if (!port.isClosed())
+                                     written(number, set, ok);
+                             });
+}
+
+void PhotoPipeline::written(quint64 number, const SetData& set, bool ok)
+{
+    const PhotoRun& run = *m_runs.find(number);
+    const QString name = lastPathComponent(run.path);
+    if (!ok) {
+        m_watcher.taggingFailed(name);
+        finishAndLookAgain(number);
+        return;
+    }
+    m_watcher.photoTagged(name, set, run.reading.thumbnail);
+    if (rememberSignature(run))
+        finish(number);
+    else
+        finishAndLookAgain(number);
+}
+
+/// Stores the state in which the photo was tagged; false when somebody changed it after the tool was done, so
+/// that what lies there now is not what was tagged.
+bool PhotoPipeline::rememberSignature(const PhotoRun& run)
+{
+    const std::optional<FileState> state = m_services.files.state(run.path);
+    // Whatever happened before that look at the file is among the events when it is read now.
+    m_watcher.readEvents();
+    if (state && !run.changedAfterTagging)
+        m_watcher.m_taggedSignatures.insert(run.path, FileSignature(*state));
+    return !run.changedAfterTagging;
+}
+
+void PhotoPipeline::finish(quint64 number)
+{
+    m_runs.remove(number);
+}
+
+/// A photo that was closed while it was held, or changed after it was tagged, has had its event already.
+void PhotoPipeline::finishAndLookAgain(quint64 number)
+{
+    const PhotoRun& run = *m_runs.find(number);
+    const QString path = run.path;
+    const bool lookAgain = run.closedSinceLocked || run.changedAfterTagging;
+    finish(number);
+    if (lookAgain)
+        m_watcher.handOn(path);
+}
+
+}  // namespace morvak

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/MainThread.h"
+#include "watch/PhotoRuns.h"
+#include "watch/WaitingRoom.h"
+
+#include <QThreadPool>
+
+#include <stop_token>
+
+namespace morvak {
+
+class FolderWatcher;
+struct SetData;
+struct WatcherServices;
+
+/// Takes each scheduled photo through its run: wait until it is complete and free, look into it, let a set
+/// card activate its set, take the set, have it written. Lives on the main thread, where all decisions are
+/// made; looking and waiting happen elsewhere and come back as posts.
+class PhotoPipeline {
+public:
+    PhotoPipeline(FolderWatcher& watcher, const WatcherServices& services, MainThread mainThread);
+    ~PhotoPipeline();
+    Q_DISABLE_COPY_MOVE(PhotoPipeline)
+
+    /// Starts a run; false when the path has one.
+    bool schedule(const QString& path);
+    [[nodiscard]] bool isScheduled(const QString& path) const { return m_runs.contains(path); }
+
+    void noteEvent(const QString& path, FolderEvent::Kind kind, bool own)
+    {
+        m_runs.noteEvent(path, kind, own);
+    }
+
+    /// Discards what has not started and tells what runs to end early.
+    void prepareToQuit();
+
+private:
+    void sizeSettled(quint64 number, quint64 size);
+    void released(quint64 number);
+    void stillHeld(quint64 number);
+    void photoRead(quint64 number, const PhotoReading& reading);
+    void takeSets();
+    void takeSet(PhotoRun& run);
+    bool activateCard(const PhotoRun& run);
+    void discardCard(PhotoRun& run);
+    void write(PhotoRun& run, const SetData& set);
+    void written(quint64 number, const SetData& set, bool ok);
+    bool rememberSignature(const PhotoRun& run);
+    void finish(quint64 number);
+    void finishAndLookAgain(quint64 number);
+
+    FolderWatcher& m_watcher;
+    const WatcherServices& m_services;
+    MainThread m_mainThread;
+    PhotoRuns m_runs;
+    std::stop_source m_stop;
+    WaitingRoom m_waitingRoom;
+    QThreadPool m_processingQueue;
+};
+
+}  // namespace morvak

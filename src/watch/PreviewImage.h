@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <stop_token>
+
+namespace morvak {
+
+/// The metadata tool as the preview needs it.
+struct PreviewTool {
+    std::function<bool()> exists;
+    /// What the tool prints for these options and this file; empty on any failure. Blocks.
+    std::function<QByteArray(const QStringList& options, const QString& path)> read;
+};
+
+/// Previews and pictures of photos, upright and at most 4096 pixels on their long side. Stateless; blocks, so
+/// never on the main thread.
+class PreviewImage {
+public:
+    /// The preview that the camera embedded, else its thumbnail, else, in RAW files, its full-size JPEG.
+    [[nodiscard]] static std::optional<QImage> extractPreviewImageSync(const QString& from,
+                                                                       const PreviewTool& tool);
+
+    /// The picture of a JPEG or TIFF file itself; none for other files: RAW data is never decoded.
+    [[nodiscard]] static std::optional<QImage> ownPicture(const QString& path, const PreviewTool& tool,
+                                                          const std::stop_token& stop);
+
+    /// Decodes image bytes and turns the image by an orientation of the EXIF standard; 1 and values outside 1
+    /// to 8 leave it as it is. None when the bytes are no image.
+    [[nodiscard]] static std::optional<QImage> orientedImage(const QByteArray& from, qint32 exifOrientation);
+};
+
+/// The orientation in the tool's answer: a signed decimal number with blanks around it; else 1.
+[[nodiscard]] qint32 parseOrientation(const QByteArray& answer);
+
+}  // namespace morvak

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "model/SetData.h"
+#include "platform/FolderEvents.h"
+#include "watch/PhotoReading.h"
+#include "watch/WaitingRoom.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace morvak {
+
+/// The time limits of the watcher that are not those of the waiting room.
+struct WatcherTimes {
+    std::chrono::milliseconds eventLatency{500};
+    std::chrono::milliseconds bannerTime{1800};
+};
+
+/// Everything the watcher reaches outside itself, handed to it by the application; tests hand in their own.
+struct WatcherServices {
+    std::function<std::unique_ptr<FolderEventSource>(const QString& folder, FolderEventHandler handler)>
+        openFolder;
+    PhotoEyes eyes;
+    std::function<void(const QString& to, const SetData& setData, const QString& shootName,
+                       std::function<void(bool)> completion)>
+        writeMetadata;
+    std::function<bool(const QString& path)> moveToTrash;
+    std::function<void()> playSound;
+    FileProbe files;
+    WaitLimits waitLimits;
+    WatcherTimes times;
+};
+
+}  // namespace morvak

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "store/ShootManager.h"
+#include "watch/FolderWatcher.h"
+
+#include <QMutex>
+#include <QSemaphore>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace morvak::test {
+
+/// A watcher on a real folder whose events are scripted, with short times, a tool that answers from tables
+/// and a writer that waits for its cue.
+class WatcherFixture {
+public:
+    struct Write {
+        QString name;
+        QString headline;
+        QString shootName;
+        std::function<void(bool)> completion;
+    };
+
+    WatcherFixture();
+
+    /// Puts a photo into the folder; the next one under the same name is a new file.
+    QString put(const QString& name, const QByteArray& content = "photo");
+    [[nodiscard]] QString path(const QString& name) const { return folder.path() + u'/' + name; }
+
+    void tell(FolderEvent::Kind kind, const QString& name = {}, quint32 renameId = 0);
+    void arrive(const QString& name, const QByteArray& content = "photo");
+
+    /// The photo shows this set card when it is looked at.
+    void showCard(const QString& name, const QString& text);
+
+    /// Looking into the photo waits until `allowReading`.
+    void holdReading(const QString& name);
+    void allowReading(const QString& name);
+
+    void setHeld(const QString& name, bool held);
+
+    /// The tool does the oldest write that waits: the file changes, its events come, the answer is `ok`.
+    void answerWrite(bool ok = true);
+
+    /// Lines of the log, oldest first.
+    [[nodiscard]] QStringList logLines() const;
+    [[nodiscard]] QStringList writtenNames() const;
+
+    QTemporaryDir folder;
+    QTemporaryDir data;
+    ShootManager store;
+    QList<Write> writes;
+    int writesAnswered = 0;
+    bool answersByItself = true;
+    QStringList trashed;
+    bool trashWorks = true;
+    int sounds = 0;
+    int foldersOpened = 0;
+    bool folderCanBeOpened = true;
+    std::function<void()> onDrain;
+    std::optional<FolderWatcher> watcher;
+
+private:
+    class ScriptedFolder;
+
+    WatcherServices services();
+    QByteArray answer(const QStringList& options, const QString& path);
+    void replaceAsTheToolDoes(const QString& name);
+
+    FolderEventHandler m_handler;
+    quint32 m_lastRename = 0;
+    mutable QMutex m_mutex;  // guards what the pool and the waiting room ask for
+    QSet<QString> m_held;
+    QHash<QString, QString> m_cards;
+    QHash<QString, std::shared_ptr<QSemaphore>> m_gates;
+};
+
+}  // namespace morvak::test
