@@ -1,0 +1,89 @@
+#include "BareWrites.h"
+#include "FolderMeter.h"
+#include "MorvakRun.h"
+#include "Sections.h"
+#include "ShellLoop.h"
+
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace morvak::bench {
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+constexpr std::chrono::minutes limit(10);
+
+struct Result {
+    Seconds time{0};
+    qsizetype tagged = 0;
+};
+
+/// Drops the photos before somebody who watches; the time goes from the first byte written to the last photo
+/// tagged.
+Result dropAndWait(const BenchShoot& shoot, const QDir& folder, demo::Pacer& pacer)
+{
+    const FolderMeter meter(folder.path(), shoot.names());
+    const auto start = Clock::now();
+    shoot.drop(folder);
+    if (!pacer.waitUntil([&meter] { return meter.sawAll(); }))
+        return {limit, countTagged(folder, shoot.names())};
+    return {meter.lastTagged() - start, countTagged(folder, shoot.names())};
+}
+
+Result bareWrites(const BenchShoot& shoot)
+{
+    const QTemporaryDir root;
+    const QDir folder(root.path());
+    shoot.drop(folder);
+    const Seconds time = timeBareWrites(folder, shoot.names());
+    return {time, countTagged(folder, shoot.names())};
+}
+
+Result morvakRun(const BenchShoot& shoot, const QString& program)
+{
+    MorvakRun run(program, limit);
+    run.activateSet();
+    return dropAndWait(shoot, run.folder(), run.pacer());
+}
+
+Result shellLoop(const BenchShoot& shoot)
+{
+    const QTemporaryDir root;
+    const ShellLoop loop{QDir(root.path())};
+    demo::Pacer pacer(limit);
+    return dropAndWait(shoot, QDir(root.path()), pacer);
+}
+
+void print(const char* who, const Result& result, const BenchShoot& shoot)
+{
+    std::printf("  %-12s %7.2f s   tagged right %lld/%lld\n", who, result.time.count(),
+                qlonglong{result.tagged}, qlonglong{shoot.names().size()});
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+bool measureBurst(const BenchOptions& options)
+{
+    const BenchShoot shoot = BenchShoot::mixed(options.photos, options.size);
+    std::printf("burst: %lld photos of %.1f MB dropped at once (JPEG, NEF, DNG in turn)\n",
+                qlonglong{options.photos}, static_cast<double>(options.size) / 1e6);
+    const Result bare = bareWrites(shoot);
+    print("bare writes", bare, shoot);
+    const Result morvak = morvakRun(shoot, options.program);
+    print("morvak", morvak, shoot);
+    std::printf("  morvak takes %.2f times the bare writes\n", morvak.time / bare.time);
+    bool right = bare.tagged == options.photos && morvak.tagged == options.photos;
+    if (options.shellLoop) {
+        const Result shell = shellLoop(shoot);
+        print("shell loop", shell, shoot);
+        std::printf("  morvak is %.2f times as fast as the shell loop\n", shell.time / morvak.time);
+        right = right && shell.tagged == options.photos;
+    }
+    return right;
+}
+
+}  // namespace morvak::bench

@@ -1,0 +1,160 @@
+#include "MorvakRun.h"
+
+#include "store/ShootManager.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <csignal>
+
+namespace morvak::test {
+
+namespace {
+
+QByteArray runExifTool(const QStringList& arguments, const QString& folder)
+{
+    QProcess tool;
+    tool.setWorkingDirectory(folder);
+    tool.start(QStringLiteral("exiftool"), arguments);
+    tool.waitForFinished(30'000);
+    return tool.readAllStandardOutput();
+}
+
+QByteArray firstLineOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+MorvakRun::MorvakRun()
+{
+    QDir(m_root.path()).mkdir(QStringLiteral("photos"));
+    ShootManager store(m_root.filePath(QStringLiteral("data/Morvak/shoots.json")));
+    store.createShoot(QStringLiteral("Herfst ’26"), {}, {});
+    store.setWatchFolder(folder(), *store.activeShootId());
+    m_process.setProcessEnvironment(environment());
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+}
+
+MorvakRun::~MorvakRun()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+QProcessEnvironment MorvakRun::environment() const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const auto& [name, sub] :
+         {std::pair{"HOME", "home"}, {"XDG_DATA_HOME", "data"}, {"XDG_CONFIG_HOME", "config"}})
+        environment.insert(QString::fromUtf8(name), m_root.filePath(QString::fromUtf8(sub)));
+    environment.insert(QStringLiteral("MORVAK_TEST_RUN"), m_root.path());
+    return environment;
+}
+
+void MorvakRun::start()
+{
+    m_lines.clear();
+    m_process.start(QStringLiteral(MORVAK_PROGRAM), {QStringLiteral("--scan-stdin")});
+    QTRY_VERIFY_WITH_TIMEOUT(count(QStringLiteral("Watching: ") + folder()) == 1, 20'000);
+}
+
+void MorvakRun::scan(const SetData& set)
+{
+    const qsizetype before = count(QStringLiteral("Actieve set: "));
+    m_process.write(set.toQRText().toUtf8() + "\n\n");
+    QTRY_VERIFY(count(QStringLiteral("Actieve set: ")) > before);
+}
+
+qint64 MorvakRun::quit(int signal)
+{
+    QElapsedTimer timer;
+    timer.start();
+    ::kill(pid_t(m_process.processId()), signal);
+    const bool ended = m_process.waitForFinished(20'000);
+    return ended && m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0
+               ? timer.elapsed()
+               : -1;
+}
+
+void MorvakRun::drop(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+const QStringList& MorvakRun::lines()
+{
+    m_process.waitForReadyRead(1);
+    m_unfinished += m_process.readAllStandardOutput();
+    for (qsizetype end = 0; (end = m_unfinished.indexOf('\n')) >= 0; m_unfinished.remove(0, end + 1))
+        m_lines.append(QString::fromUtf8(m_unfinished.first(end)));
+    return m_lines;
+}
+
+qsizetype MorvakRun::count(const QString& textInLine)
+{
+    return lines().filter(textInLine).size();
+}
+
+QHash<QString, QJsonObject> MorvakRun::readBack() const
+{
+    const QByteArray json =
+        runExifTool({QStringLiteral("-j"), QStringLiteral("-G"), QStringLiteral(".")}, folder());
+    QHash<QString, QJsonObject> tags;
+    for (const QJsonValue& photo : QJsonDocument::fromJson(json).array())
+        tags.insert(photo[QStringLiteral("File:FileName")].toString(), photo.toObject());
+    return tags;
+}
+
+QStringList MorvakRun::leftovers() const
+{
+    const QStringList names = QDir(folder()).entryList(QDir::Files | QDir::Hidden);
+    return names.filter(QStringLiteral("_exiftool_tmp")) + names.filter(QStringLiteral("_original"));
+}
+
+QList<qint64> MorvakRun::exifTools() const
+{
+    QList<qint64> found;
+    for (const QString& name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const QString process = QStringLiteral("/proc/") + name;
+        if (name.toLongLong() > 0 &&
+            firstLineOf(process + QStringLiteral("/cmdline")).contains("-stay_open") &&
+            firstLineOf(process + QStringLiteral("/environ"))
+                .contains("MORVAK_TEST_RUN=" + m_root.path().toUtf8()))
+            found.append(name.toLongLong());
+    }
+    return found;
+}
+
+QByteArray rawStrip(const QString& path)
+{
+    const QByteArray json =
+        runExifTool({QStringLiteral("-j"), QStringLiteral("-n"), QStringLiteral("-a"), QStringLiteral("-G4"),
+                     QStringLiteral("-StripOffsets"), QStringLiteral("-StripByteCounts"), path},
+                    QDir::tempPath());
+    const QJsonObject tags = QJsonDocument::fromJson(json).array().first().toObject();
+    qint64 offset = 0;
+    qint64 length = 0;
+    for (auto tag = tags.begin(); tag != tags.end(); ++tag) {
+        if (tag.key().endsWith(u"StripByteCounts") && tag->toInteger() > length) {
+            length = tag->toInteger();
+            offset = tags.value(QString(tag.key()).replace(QStringLiteral("ByteCounts"),
+                                                           QStringLiteral("Offsets")))
+                         .toInteger();
+        }
+    }
+    QFile file(path);
+    if (length == 0 || !file.open(QIODevice::ReadOnly) || !file.seek(offset))
+        return {};
+    return file.read(length);
+}
+
+}  // namespace morvak::test

@@ -1,0 +1,201 @@
+#include "demo/Demo.h"
+
+#include "demo/PhotoCheck.h"
+#include "demo/Report.h"
+#include "demo/Tether.h"
+#include "demo/TextTable.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QLocale>
+
+namespace morvak::demo {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto startLimit = 10s;
+constexpr auto quitLimit = 5s;
+constexpr auto cableTime = 480ms;  // a photo on its way
+constexpr auto betweenPhotos = 350ms;
+
+// Who acts, in one width.
+const QString camera = QStringLiteral("camera");
+const QString morvakItself = QStringLiteral("Morvak");
+const QString stage = QStringLiteral("demo  ");
+
+const QString shootName = QStringLiteral("Voorjaar – lookbook");
+
+QString megabytes(const QByteArray& bytes)
+{
+    return QLocale(QLocale::Dutch).toString(static_cast<double>(bytes.size()) / 1e6, 'f', 1) +
+           QStringLiteral(" MB");
+}
+
+}  // namespace
+
+Demo::Demo(QString program, const Profile& profile, Pacer& pacer)
+    : m_pacer(pacer), m_profile(profile), m_sets(samples::sampleSets()), m_program(std::move(program))
+{
+    QObject::connect(&m_program, &MorvakProcess::logged, &m_program,
+                     [](const QString& line) { report::event(morvakItself, line); });
+}
+
+bool Demo::run()
+{
+    return prepare() && startProgram() && shoot() && stopProgram() && judge();
+}
+
+bool Demo::prepare()
+{
+    report::heading(QStringLiteral("Morvak – demonstratie"));
+    report::plain(QStringLiteral(
+        "Een kleine shoot met twee sets, in een tijdelijke map. Elke set begint met de foto van\n"
+        "zijn kaart; de foto's daarna krijgen de gegevens van die set.\n"));
+    if (!m_profile.isValid())
+        return giveUp(QStringLiteral("Er kan geen tijdelijke map worden gemaakt."));
+    report::event(stage, QStringLiteral("Foto's en setkaarten worden getekend …"));
+    m_photos = samples::sampleShoot(m_sets);
+    m_profile.makeShoot(shootName, QStringLiteral("Den Haag"), QStringLiteral("Noord"));
+    return true;
+}
+
+bool Demo::startProgram()
+{
+    report::event(stage, QStringLiteral("Morvak wordt gestart …"));
+    m_program.start(m_profile.environment());
+    const QString folder = m_profile.photoFolder();
+    const auto settled = [&] { return m_program.isWatching(folder) || m_program.hasEnded(); };
+    if (!m_pacer.waitUntil(settled, startLimit) || m_program.hasEnded())
+        return giveUp(QStringLiteral("Morvak is niet begonnen met kijken naar de map. ") +
+                      m_program.complaint());
+    return true;
+}
+
+bool Demo::shoot()
+{
+    for (qsizetype i = 0; i < m_photos.size(); ++i) {
+        // Between two sets the model changes clothes; all photos of the first are in by then.
+        if (m_photos.at(i).isCard && !waitForTags(i))
+            return false;
+        if (!shootOne(i))
+            return false;
+    }
+    return waitForTags(m_photos.size());
+}
+
+bool Demo::shootOne(qsizetype index)
+{
+    const samples::SamplePhoto& photo = m_photos.at(index);
+    // The first photo after the second card comes at once, while the card is still being read.
+    const bool hurried = index > 1 && m_photos.at(index - 1).isCard;
+    if (!hurried && !m_pacer.pause(betweenPhotos))
+        return giveUp(QStringLiteral("De demonstratie is onderbroken."));
+    report::event(camera,
+                  QStringLiteral("%1, %2%3%4")
+                      .arg(photo.name, megabytes(photo.bytes),
+                           photo.isCard ? QStringLiteral(" – de kaart van ") + m_sets.at(photo.set).headline()
+                                        : QString(),
+                           hurried ? QStringLiteral(" – direct na de kaart") : QString()));
+    const Delivery delivery = index % 3 == 2 ? Delivery::Renamed : Delivery::Direct;
+    const QString path = m_profile.photoFolder() + u'/' + photo.name;
+    if (!deliver(photo.bytes, path, delivery, hurried ? 0ms : cableTime, m_pacer))
+        return giveUp(QStringLiteral("De foto %1 kon niet worden weggeschreven.").arg(photo.name));
+    return true;
+}
+
+bool Demo::waitForTags(qsizetype count)
+{
+    const auto allTagged = [&] {
+        return std::all_of(
+            m_photos.cbegin(), m_photos.cbegin() + count,
+            [&](const samples::SamplePhoto& photo) { return m_program.hasTagged(photo.name); });
+    };
+    if (!m_pacer.waitUntil([&] { return allTagged() || m_program.hasEnded(); }) || !allTagged()) {
+        QStringList missing;
+        for (const samples::SamplePhoto& photo : m_photos.first(count)) {
+            if (!m_program.hasTagged(photo.name))
+                missing.append(photo.name);
+        }
+        return giveUp(QStringLiteral("Niet getagd: ") + missing.join(QStringLiteral(", ")) + u'.');
+    }
+    return true;
+}
+
+bool Demo::stopProgram()
+{
+    m_program.quit();
+    if (!m_pacer.waitUntil([this] { return m_program.hasEnded(); }, quitLimit) || !m_program.endedWell())
+        return giveUp(QStringLiteral("Morvak is niet netjes gestopt. ") + m_program.complaint());
+    report::event(stage, QStringLiteral("Morvak is gestopt."));
+    return true;
+}
+
+bool Demo::judge()
+{
+    QStringList names;
+    for (const samples::SamplePhoto& photo : m_photos)
+        names.append(photo.name);
+    const auto photos = readTags(m_profile.photoFolder(), names, m_profile.environment());
+    if (!photos)
+        return giveUp(QStringLiteral("De gegevens in de foto's konden niet worden teruggelezen."));
+
+    QStringList faults = leftOvers();
+    QList<QStringList> rows;
+    for (const samples::SamplePhoto& photo : m_photos) {
+        const PhotoTags tags = photos->value(photo.name);
+        const auto value = [&tags](const char* tag) { return tagValues(tags, QLatin1String(tag)).value(0); };
+        const QStringList found = faultsOf(photo, tags);
+        rows.append({found.isEmpty() ? QStringLiteral("✓") : QStringLiteral("✗"), photo.name,
+                     value("XMP:Headline"), value("XMP:Subject"), value("XMP:Creator"), value("XMP:City")});
+        for (const QString& fault : found)
+            faults.append(photo.name + QStringLiteral(": ") + fault);
+    }
+    report::heading(QStringLiteral("Wat er nu in de foto's staat, teruggelezen met exiftool"));
+    report::plain(textTable({QString(), QStringLiteral("Foto"), QStringLiteral("Kop"),
+                             QStringLiteral("Trefwoorden"), QStringLiteral("Model"), QStringLiteral("Stad")},
+                            rows));
+    for (const QString& fault : faults)
+        report::plain(QStringLiteral("✗ ") + fault);
+    if (faults.isEmpty())
+        report::plain(
+            QStringLiteral(
+                "Alle %1 foto's dragen hun set, in XMP en IPTC; aan de beelden zelf is niets veranderd.")
+                .arg(m_photos.size()));
+    return faults.isEmpty();
+}
+
+QStringList Demo::faultsOf(const samples::SamplePhoto& photo, const PhotoTags& tags) const
+{
+    QStringList faults = tagFaults(tags, m_sets.at(photo.set), shootName);
+    QFile file(m_profile.photoFolder() + u'/' + photo.name);
+    if (!file.open(QIODevice::ReadOnly) || !hasSamePicture(photo.bytes, file.readAll()))
+        faults.append(QStringLiteral("het beeld is niet meer wat het was"));
+    return faults;
+}
+
+QStringList Demo::leftOvers() const
+{
+    QStringList names =
+        QDir(m_profile.photoFolder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const samples::SamplePhoto& photo : m_photos)
+        names.removeAll(photo.name);
+    for (QString& name : names)
+        name.prepend(QStringLiteral("Achtergebleven in de map: "));
+    return names;
+}
+
+bool Demo::giveUp(const QString& reason) const
+{
+    if (m_pacer.wasStopped())
+        report::plain(QStringLiteral("\n✗ De demonstratie is afgebroken."));
+    else if (m_pacer.isTimeUp())
+        report::plain(QStringLiteral("\n✗ De demonstratie duurde te lang. ") + reason);
+    else
+        report::plain(QStringLiteral("\n✗ ") + reason);
+    return false;
+}
+
+}  // namespace morvak::demo

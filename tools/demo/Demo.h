@@ -1,0 +1,43 @@
+#pragma once
+
+#include "demo/MorvakProcess.h"
+#include "demo/Pacer.h"
+#include "demo/Profile.h"
+#include "demo/ReadBack.h"
+#include "sampleshoot/SampleShoot.h"
+
+namespace morvak::demo {
+
+/// The demonstration: plays a small shoot with the real program and checks what became of the photos.
+///
+/// Main thread. What it starts is gone when the object is, what it writes goes with the profile.
+class Demo {
+public:
+    /// `program` is the path of the real program. Profile and pacer must outlive the object.
+    Demo(QString program, const Profile& profile, Pacer& pacer);
+
+    /// True when every photo carries exactly what it should.
+    [[nodiscard]] bool run();
+
+private:
+    [[nodiscard]] bool prepare();
+    [[nodiscard]] bool startProgram();
+    [[nodiscard]] bool shoot();
+    [[nodiscard]] bool shootOne(qsizetype index);
+    [[nodiscard]] bool waitForTags(qsizetype count);
+    [[nodiscard]] bool stopProgram();
+    [[nodiscard]] bool judge();
+    [[nodiscard]] QStringList faultsOf(const samples::SamplePhoto& photo, const PhotoTags& tags) const;
+    [[nodiscard]] QStringList leftOvers() const;
+
+    /// Tells why the demonstration does not go on; false, for the caller to return.
+    [[nodiscard]] bool giveUp(const QString& reason) const;
+
+    Pacer& m_pacer;
+    const Profile& m_profile;
+    QList<SetData> m_sets;
+    QList<samples::SamplePhoto> m_photos;
+    MorvakProcess m_program;
+};
+
+}  // namespace morvak::demo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDeadlineTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+
+namespace morvak::demo {
+
+/// Lets a straight-line script wait while the event loop goes on, until the whole time is up or somebody says
+/// stop. Main thread.
+class Pacer final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Pacer(std::chrono::milliseconds wholeTime);
+
+    /// False when the waiting ended before the condition came true.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
+
+    /// As above, and also false after `atMost`.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds atMost);
+
+    /// False when it was cut short.
+    [[nodiscard]] bool pause(std::chrono::milliseconds time);
+
+    /// Every wait, now and later, ends at once.
+    void stop();
+
+    [[nodiscard]] bool wasStopped() const { return m_stopped; }
+    [[nodiscard]] bool isTimeUp() const { return m_deadline.hasExpired(); }
+
+private:
+    QDeadlineTimer m_deadline;
+    QTimer m_alarm;  // wakes the event loop at the deadline
+    bool m_stopped = false;
+};
+
+}  // namespace morvak::demo
