@@ -10,9 +10,8 @@ namespace morvak {
 
 /// A square part of a picture that has edges in all directions and calm paper around it.
 struct CodeRegion {
-    QRect box;       ///< in pixels of the picture, cut at its edges
-    float score;     ///< edge energy that stands out from the surroundings, grey levels squared
-    float contrast;  ///< the same as a share of the energy inside, 0 to 1
+    QRect box;    ///< in pixels of the picture, inside it
+    float score;  ///< the edge energy that stands out from the surroundings, times the size
 };
 
 /// The parts of `image` that look most like a code, best first, at most `atMost`. Two that cover each other

@@ -21,19 +21,24 @@ struct Attempt {
     int sharpenRadius;  ///< against defocus
     int surroundings;   ///< radius of the mean that parts black from white
     int regions;        ///< how many, the best first
+    bool whiteOnBlack;  ///< whether cards printed that way are looked for as well
 };
 
 /// From what reads most to what reads least. Small cut-outs hide noise and weave.
 constexpr std::array attempts{
-    Attempt{.side = 213, .sharpenRadius = 3, .surroundings = 40, .regions = 6},
-    Attempt{.side = 150, .sharpenRadius = 2, .surroundings = 28, .regions = 2},
-    Attempt{.side = 333, .sharpenRadius = 5, .surroundings = 35, .regions = 2},
+    Attempt{.side = 213, .sharpenRadius = 3, .surroundings = 40, .regions = 5, .whiteOnBlack = true},
+    Attempt{.side = 150, .sharpenRadius = 2, .surroundings = 28, .regions = 2, .whiteOnBlack = false},
+    Attempt{.side = 333, .sharpenRadius = 5, .surroundings = 35, .regions = 2, .whiteOnBlack = false},
 };
 
 std::optional<QString> firstLook(const ImagePyramid& photo)
 {
     constexpr int surroundings = 20;
-    return readSymbol(splitAtLocalMean(photo.atMost(largestFirstLook), surroundings));
+    const GrayImage split = splitAtLocalMean(photo.atMost(largestFirstLook), surroundings);
+    if (!isTooBusy(split))
+        return readSymbol(split);
+    // Grain looks like tiny finder patterns; at half the size it is gone.
+    return readSymbol(splitAtLocalMean(photo.atMost(split.width * split.height / 4), surroundings));
 }
 
 std::optional<QString> readRegion(const ImagePyramid& photo, const QRect& box, const Attempt& attempt)
@@ -44,9 +49,10 @@ std::optional<QString> readRegion(const ImagePyramid& photo, const QRect& box, c
     const GrayImage enlarged = photo.cutOut(part, double(attempt.side) / box.width());
     const GrayImage split =
         splitAtLocalMean(sharpened(enlarged, attempt.sharpenRadius, amount), attempt.surroundings);
-    if (auto text = readSymbol(split))
-        return text;
-    return readSymbol(inverted(split));  // cards printed white on black
+    auto text = readSymbol(split);
+    if (!text && attempt.whiteOnBlack)
+        text = readSymbol(inverted(split));
+    return text;
 }
 
 std::optional<QString> readRegions(const ImagePyramid& photo, const std::stop_token& stop)

@@ -1,6 +1,7 @@
 #include "qr/SymbolReader.h"
 
 #include "platform/Diagnostics.h"
+#include "qr/FinderPatterns.h"
 
 #include <QPointF>
 #include <QStringDecoder>
@@ -14,6 +15,11 @@
 namespace morvak {
 
 namespace {
+
+/// The library tries each three finder patterns together: a cloth printed with thousands took it minutes. A
+/// sheet of nine cards has 27. Most tiny ones are grain, which costs the library less.
+constexpr double mostFinders = 150;
+constexpr double mostTinyFinders = 500;
 
 /// Set cards hold UTF-8; the library guesses a character set from the bytes and guesses wrong on short texts.
 QString textOf(const ZXing::Result& result)
@@ -58,6 +64,8 @@ std::optional<QString> firstText(const ZXing::Results& results)
 
 std::optional<QString> readSymbol(const GrayImage& blackAndWhite)
 {
+    if (isTooBusy(blackAndWhite))
+        return std::nullopt;
     const auto hints = ZXing::DecodeHints()
                            .setFormats(ZXing::BarcodeFormat::QRCode)
                            .setBinarizer(ZXing::Binarizer::FixedThreshold)
@@ -70,6 +78,12 @@ std::optional<QString> readSymbol(const GrayImage& blackAndWhite)
         diagnostic(QStringLiteral("⚠️ QR detection failed: ") + QString::fromLocal8Bit(failure.what()));
         return std::nullopt;
     }
+}
+
+bool isTooBusy(const GrayImage& blackAndWhite)
+{
+    const FinderCount finders = roughFinderCount(blackAndWhite);
+    return finders.plain > mostFinders || finders.tiny > mostTinyFinders;
 }
 
 }  // namespace morvak
