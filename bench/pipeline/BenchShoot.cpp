@@ -38,6 +38,11 @@ BenchShoot BenchShoot::mixed(qsizetype count, qsizetype size)
                       {QStringLiteral("JPG"), QStringLiteral("NEF"), QStringLiteral("DNG")});
 }
 
+BenchShoot BenchShoot::nef(qsizetype count, qsizetype size)
+{
+    return BenchShoot(count, {samples::nefPhoto(photo({1620, 1080}, size))}, {QStringLiteral("NEF")});
+}
+
 BenchShoot BenchShoot::small(qsizetype count)
 {
     return BenchShoot(count, {samples::jpegPhoto(photo({1200, 800}, 0))}, {QStringLiteral("JPG")});

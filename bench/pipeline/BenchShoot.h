@@ -15,6 +15,9 @@ public:
     /// JPEG, NEF and DNG in turn, each of about `size` bytes, with a preview of 1,620 pixels.
     [[nodiscard]] static BenchShoot mixed(qsizetype count, qsizetype size);
 
+    /// NEF only, otherwise the same.
+    [[nodiscard]] static BenchShoot nef(qsizetype count, qsizetype size);
+
     /// Only JPEG, as small as they come.
     [[nodiscard]] static BenchShoot small(qsizetype count);
 

@@ -64,13 +64,11 @@ void print(const char* who, const Result& result, const BenchShoot& shoot)
     std::fflush(stdout);
 }
 
-}  // namespace
-
-bool measureBurst(const BenchOptions& options)
+/// The contenders in turn, on photos of `kinds`.
+bool compare(const BenchOptions& options, const BenchShoot& shoot, const char* kinds)
 {
-    const BenchShoot shoot = BenchShoot::mixed(options.photos, options.size);
-    std::printf("burst: %lld photos of %.1f MB dropped at once (JPEG, NEF, DNG in turn)\n",
-                qlonglong{options.photos}, static_cast<double>(options.size) / 1e6);
+    std::printf("burst: %lld photos of %.1f MB dropped at once (%s)\n", qlonglong{options.photos},
+                static_cast<double>(options.size) / 1e6, kinds);
     const Result bare = bareWrites(shoot);
     print("bare writes", bare, shoot);
     const Result morvak = morvakRun(shoot, options.program);
@@ -84,6 +82,18 @@ bool measureBurst(const BenchOptions& options)
         right = right && shell.tagged == options.photos;
     }
     return right;
+}
+
+}  // namespace
+
+bool measureBurst(const BenchOptions& options)
+{
+    return compare(options, BenchShoot::mixed(options.photos, options.size), "JPEG, NEF, DNG in turn");
+}
+
+bool measureNefBurst(const BenchOptions& options)
+{
+    return compare(options, BenchShoot::nef(options.photos, options.size), "NEF only");
 }
 
 }  // namespace morvak::bench

@@ -19,6 +19,7 @@ struct BenchOptions {
 
 /// Photos dropped at once: the program against bare writes and against a shell loop.
 [[nodiscard]] bool measureBurst(const BenchOptions& options);
+[[nodiscard]] bool measureNefBurst(const BenchOptions& options);
 
 /// Two photos a second: from last byte to tagged.
 [[nodiscard]] bool measureLatency(const BenchOptions& options);

@@ -16,11 +16,9 @@ struct Section {
     bool (*measure)(const BenchOptions&);
 };
 
-constexpr Section sections[]{{"burst", measureBurst},
-                             {"latency", measureLatency},
-                             {"many", measureManyPhotos},
-                             {"idle", measureIdle},
-                             {"start", measureStart}};
+constexpr Section sections[]{{"burst", measureBurst},     {"nef", measureNefBurst},
+                             {"latency", measureLatency}, {"many", measureManyPhotos},
+                             {"idle", measureIdle},       {"start", measureStart}};
 
 BenchOptions read(const QCommandLineParser& parser)
 {
@@ -42,7 +40,7 @@ int main(int argc, char** argv)
     parser.setApplicationDescription(QStringLiteral("Measures morvak on real photos."));
     parser.addHelpOption();
     parser.addPositionalArgument(QStringLiteral("section"),
-                                 QStringLiteral("burst, latency, many, idle, start; all without one"),
+                                 QStringLiteral("burst, nef, latency, many, idle, start; all without one"),
                                  QStringLiteral("[section...]"));
     const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/morvak");
     parser.addOptions({{QStringLiteral("morvak"), QStringLiteral("The program; default: beside this one."),

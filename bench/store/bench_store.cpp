@@ -42,7 +42,7 @@ QList<Shoot> makeShoots()
         Shoot shoot;
         shoot.name = QStringLiteral("Lookbook %1").arg(s);
         shoot.location = QStringLiteral("Amsterdam");
-        shoot.watchFolderPath = QStringLiteral("/home/anna/Foto's/Lookbook %1/Capture").arg(s);
+        shoot.watchFolderPath = QStringLiteral("/srv/Foto's/Lookbook %1/Capture").arg(s);
         for (int n = 1; n <= setCount; ++n) {
             shoot.sets.append(makeSet(n));
             for (int twice = 0; twice < 2; ++twice)

@@ -1,41 +1,20 @@
+#include "app/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Diagnostics.h"
 #include "platform/ScanInput.h"
 #include "platform/Signals.h"
-#include "platform/Sound.h"
-#include "platform/Trash.h"
 #include "platform/UserFolders.h"
-#include "qr/QRPhotoDetector.h"
 #include "store/ShootManager.h"
 #include "watch/FolderWatcher.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFileInfo>
 
 #include <unistd.h>
 
 using namespace morvak;
 
 namespace {
-
-WatcherServices watcherServices(ExifToolService& exifTool)
-{
-    WatcherServices services;
-    services.openFolder = watchFolder;
-    services.eyes.tool.exists = [&exifTool] { return QFileInfo::exists(exifTool.findExifTool()); };
-    services.eyes.tool.read = [&exifTool](const QStringList& options, const QString& path) {
-        return exifTool.read(options, path);
-    };
-    services.eyes.detectQRText = QRPhotoDetector::detectQRText;
-    services.writeMetadata = [&exifTool](const QString& to, const SetData& setData, const QString& shootName,
-                                         std::function<void(bool)> completion) {
-        exifTool.writeMetadata(to, setData, shootName, std::move(completion));
-    };
-    services.moveToTrash = moveToTrash;
-    services.playSound = playActivationSound;
-    return services;
-}
 
 void takeScan(const QString& text, ShootManager& store, FolderWatcher& watcher)
 {

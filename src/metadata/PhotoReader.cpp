@@ -40,11 +40,6 @@ PhotoReader::PhotoReader(const ToolLimits& limits, std::function<QString()> find
 {
 }
 
-PhotoReader::~PhotoReader()
-{
-    const std::unique_lock everybodyIsOut(m_inside);
-}
-
 void PhotoReader::start()
 {
     (void)m_queue.post([this] {
@@ -83,6 +78,12 @@ QByteArray PhotoReader::read(const QStringList& options, const QString& filePath
 void PhotoReader::close()
 {
     m_queue.close([this] { m_tool.stop(); });
+}
+
+void PhotoReader::wait()
+{
+    m_queue.wait();
+    const std::unique_lock everybodyIsOut(m_inside);
 }
 
 /// The caller of `read` gets its result before a tool that failed is ended.

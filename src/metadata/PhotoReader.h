@@ -14,9 +14,6 @@ public:
     /// `quit` must outlive the reader.
     PhotoReader(const ToolLimits& limits, std::function<QString()> findTool, const Interrupt& quit);
 
-    /// Waits for the calls of `read` that are still on their way out.
-    ~PhotoReader();
-
     void start();
     void stop();
 
@@ -28,7 +25,9 @@ public:
 
     /// After `quit` was raised: ends the tool and then the thread.
     void close();
-    void wait() { m_queue.wait(); }
+
+    /// Waits for that, and for the calls of `read` that are still on their way out.
+    void wait();
 
 private:
     /// None: the tool was no help, and the file may be tried without it.

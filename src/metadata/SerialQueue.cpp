@@ -1,5 +1,7 @@
 #include "metadata/SerialQueue.h"
 
+#include <utility>
+
 namespace morvak {
 
 SerialQueue::SerialQueue(const QString& name)

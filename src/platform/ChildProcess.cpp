@@ -8,6 +8,7 @@
 #include <climits>
 #include <csignal>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>

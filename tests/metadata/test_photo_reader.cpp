@@ -33,6 +33,7 @@ private Q_SLOTS:
     void cleanup() { QCOMPARE(test::childProcesses(), QList<int>()); }
 
     void givesThePhotosBytesAsTheyAre();
+    void keepsAnswersApartThatComeInPieces();
     void runsTheToolOnceWhenTheReaderDies();
     void givesUpOnASilentReader();
     void givesNothingWithoutATool();
@@ -60,6 +61,15 @@ void TestPhotoReader::givesThePhotosBytesAsTheyAre()
     const qint64 number = log.at(1).sliced(start.size()).toLongLong();
     QVERIFY(number > 1'000'000'000'000'000);
     QCOMPARE(log.at(2).sliced(start.size()).toLongLong(), number + 1);
+}
+
+void TestPhotoReader::keepsAnswersApartThatComeInPieces()
+{
+    const FakeTool tool("pieces");
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    for (int i = 0; i < 20; ++i)
+        QCOMPARE(read(service, photo), QByteArray("    1 image files updated\n"));
 }
 
 void TestPhotoReader::runsTheToolOnceWhenTheReaderDies()

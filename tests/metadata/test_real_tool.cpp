@@ -6,12 +6,14 @@
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QTimer>
 
 #include <csignal>
 #include <future>
@@ -125,9 +127,15 @@ void TestRealTool::useFreshService(const ExifToolConfig& config)
 
 bool TestRealTool::tag(const QString& path, const SetData& set, const QString& shoot)
 {
-    std::optional<bool> result;
-    m_service->writeMetadata(path, set, shoot, [&result](bool tagged) { result = tagged; });
-    return QTest::qWaitFor([&] { return result.has_value(); }, toolTime) && *result;
+    bool result = false;
+    QEventLoop loop;
+    m_service->writeMetadata(path, set, shoot, [&](bool tagged) {
+        result = tagged;
+        loop.quit();
+    });
+    QTimer::singleShot(toolTime, &loop, &QEventLoop::quit);
+    loop.exec();
+    return result;
 }
 
 QByteArray TestRealTool::read(const QStringList& options, const QString& path)

@@ -113,13 +113,20 @@ bool Demo::waitForTags(qsizetype count)
             m_photos.cbegin(), m_photos.cbegin() + count,
             [&](const samples::SamplePhoto& photo) { return m_program.hasTagged(photo.name); });
     };
-    if (!m_pacer.waitUntil([&] { return allTagged() || m_program.hasEnded(); }) || !allTagged()) {
+    const auto settled = [&] {
+        return allTagged() || m_program.hasEnded() || !m_program.refusal().isEmpty();
+    };
+    if (!m_pacer.waitUntil(settled) || !allTagged()) {
+        if (!m_program.refusal().isEmpty())
+            return giveUp(m_program.refusal());
         QStringList missing;
         for (const samples::SamplePhoto& photo : m_photos.first(count)) {
             if (!m_program.hasTagged(photo.name))
                 missing.append(photo.name);
         }
-        return giveUp(QStringLiteral("Niet getagd: ") + missing.join(QStringLiteral(", ")) + u'.');
+        const QString cause =
+            m_program.hasEnded() ? QStringLiteral("Morvak is onverwacht gestopt. ") : QString();
+        return giveUp(cause + QStringLiteral("Niet getagd: ") + missing.join(QStringLiteral(", ")) + u'.');
     }
     return true;
 }

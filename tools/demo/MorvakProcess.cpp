@@ -89,6 +89,9 @@ void MorvakProcess::takeLine(const QString& line)
         m_tagged.insert(line.sliced(tagged.size()).section(QStringLiteral(" → "), 0, 0));
     else if (line.startsWith(activeSet))
         m_activeSet = line.sliced(activeSet.size());
+    else if (m_refusal.isEmpty() && (line.endsWith(QStringLiteral(" overgeslagen")) ||
+                                     line.startsWith(QStringLiteral("❌ Tagging mislukt: "))))
+        m_refusal = line;
     if (!isDiagnostic(line))
         Q_EMIT logged(line);
 }

@@ -35,6 +35,9 @@ public:
     [[nodiscard]] bool isTaggingWith(const QString& headline) const { return m_activeSet == headline; }
     [[nodiscard]] bool hasTagged(const QString& fileName) const { return m_tagged.contains(fileName); }
 
+    /// The first line of the log that says a photo will not be tagged; empty while there is none.
+    [[nodiscard]] QString refusal() const { return m_refusal; }
+
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
 
     /// What its standard error said last; for the report of a start that failed.
@@ -52,6 +55,7 @@ private:
     QString m_watched;
     QString m_activeSet;
     QSet<QString> m_tagged;
+    QString m_refusal;
     QString m_complaint;
 };
 

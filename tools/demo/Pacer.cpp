@@ -2,18 +2,21 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace morvak::demo {
 
-Pacer::Pacer(std::chrono::milliseconds wholeTime) : m_deadline(wholeTime)
+Pacer::Pacer(std::chrono::milliseconds wholeTime)
 {
     m_alarm.setSingleShot(true);
+    connect(&m_alarm, &QTimer::timeout, this, [this] { m_timeUp = true; });
     m_alarm.start(wholeTime);
 }
 
 bool Pacer::waitUntil(const std::function<bool()>& condition)
 {
     while (!condition()) {
-        if (m_stopped || isTimeUp())
+        if (m_stopped || m_timeUp)
             return false;
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
@@ -22,20 +25,20 @@ bool Pacer::waitUntil(const std::function<bool()>& condition)
 
 bool Pacer::waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds atMost)
 {
-    const QDeadlineTimer deadline(atMost);
+    bool over = false;
     QTimer alarm;
     alarm.setSingleShot(true);
     alarm.setTimerType(Qt::PreciseTimer);
-    alarm.start(atMost);
+    alarm.callOnTimeout([&over] { over = true; });
+    alarm.start(std::max(atMost, std::chrono::milliseconds(0)));
     bool met = false;
-    return waitUntil([&] { return (met = condition()) || deadline.hasExpired(); }) && met;
+    return waitUntil([&] { return (met = condition()) || over; }) && met;
 }
 
 bool Pacer::pause(std::chrono::milliseconds time)
 {
-    const QDeadlineTimer deadline(time, Qt::PreciseTimer);
-    (void)waitUntil([&deadline] { return deadline.hasExpired(); }, time);
-    return deadline.hasExpired();
+    (void)waitUntil([] { return false; }, time);
+    return !m_stopped && !m_timeUp;
 }
 
 void Pacer::stop()

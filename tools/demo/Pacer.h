@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -30,11 +29,13 @@ public:
     void stop();
 
     [[nodiscard]] bool wasStopped() const { return m_stopped; }
-    [[nodiscard]] bool isTimeUp() const { return m_deadline.hasExpired(); }
+    [[nodiscard]] bool isTimeUp() const { return m_timeUp; }
 
 private:
-    QDeadlineTimer m_deadline;
-    QTimer m_alarm;  // wakes the event loop at the deadline
+    QTimer m_alarm;
+    // Set by the alarm itself: a timer may fire before a deadline read from the clock, and nothing would wake
+    // the event loop a second time.
+    bool m_timeUp = false;
     bool m_stopped = false;
 };
 

@@ -1,0 +1,104 @@
+// How long the main thread is kept from its event loop while a great many photos are dropped at once: a timer
+// that should fire every millisecond measures its own lateness. Saving the store is left out by not saving.
+//
+//   bench_main_thread [photos=1000]
+
+#include "app/WatcherWiring.h"
+#include "metadata/ExifToolService.h"
+#include "platform/Signals.h"
+#include "sampleshoot/PhotoEncoders.h"
+#include "store/ShootManager.h"
+#include "watch/FolderWatcher.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <thread>
+#include <vector>
+
+using namespace morvak;
+
+namespace {
+
+QByteArray photo()
+{
+    samples::PhotoOptions options;
+    options.upright = QImage(1620, 1080, QImage::Format_RGB32);
+    options.upright.fill(Qt::gray);
+    options.size = 500'000;
+    return samples::nefPhoto(options);
+}
+
+void dropPhotos(const QString& folder, int count)
+{
+    const QByteArray bytes = photo();
+    for (int i = 0; i < count; ++i) {
+        QFile file(QStringLiteral("%1/IMG_%2.NEF").arg(folder).arg(i));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file.fileName()));
+    }
+}
+
+/// Milliseconds between the turns of the event loop.
+class Heartbeat {
+public:
+    Heartbeat()
+    {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_timer, &QTimer::timeout, [this] {
+            m_gaps.push_back(double(m_clock.nsecsElapsed()) / 1e6), m_clock.restart();
+        });
+        m_timer.start(1);
+        m_clock.start();
+    }
+
+    [[nodiscard]] double quantile(double part)
+    {
+        std::sort(m_gaps.begin(), m_gaps.end());
+        return m_gaps.at(std::min(m_gaps.size() - 1, std::size_t(part * double(m_gaps.size()))));
+    }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_clock;
+    std::vector<double> m_gaps;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ignoreStraySignals();
+    const QGuiApplication application(argc, argv);
+    const int count = argc > 1 ? std::atoi(argv[1]) : 1000;
+    const QTemporaryDir folder;
+    ExifToolService exifTool;
+    ShootManager store(folder.filePath(QStringLiteral("store/shoots.json")));
+    FolderWatcher watcher(watcherServices(exifTool));
+    watcher.setShootManager(&store);
+    store.createShoot(QStringLiteral("Meting"), {}, {});
+    watcher.setCurrentSet(store.handleScanInput(QStringLiteral("SET:1\nBRAND:Noord")));
+    exifTool.start();
+    watcher.startWatching(folder.path());
+
+    Heartbeat heartbeat;
+    std::thread camera(dropPhotos, folder.path(), count);
+    QObject::connect(&watcher, &FolderWatcher::taggedCountChanged, [&] {
+        if (watcher.taggedCount() == count)
+            QCoreApplication::quit();
+    });
+    QCoreApplication::exec();
+    camera.join();
+    std::printf(
+        "main thread, %d photos at once, gap between turns in ms: median %.2f, 99 %% %.2f, longest %.2f\n",
+        count, heartbeat.quantile(0.5), heartbeat.quantile(0.99), heartbeat.quantile(1));
+    watcher.prepareToQuit();
+    exifTool.terminateForAppQuit();
+    return 0;
+}
