@@ -36,6 +36,8 @@ public:
         startTimer();
     }
 
+    void close() { m_timer.stop(); }
+
 private:
     struct Entry {
         quint64 run = 0;
@@ -149,7 +151,10 @@ WaitingRoom::WaitingRoom(WaitLimits limits, FileProbe probe, MainThread mainThre
 
 WaitingRoom::~WaitingRoom()
 {
-    m_thread.quit();
+    QMetaObject::invokeMethod(m_worker.get(), [this] {
+        m_worker->close();  // a timer is stopped by its own thread
+        m_thread.quit();
+    });
     m_thread.wait();
 }
 

@@ -1,6 +1,8 @@
 #include "support/TestMain.h"
 #include "watch/WaitingRoom.h"
 
+#include <QRegularExpression>
+
 #include <atomic>
 
 using namespace morvak;
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void settles();
     void lockIsTriedOftenAndTogether();
     void outcomesStopWithTheOwner();
+    void closesWhileSomebodyWaits();
 };
 
 void TestWaitingRoom::settles_data()
@@ -120,6 +123,17 @@ void TestWaitingRoom::outcomesStopWithTheOwner()
     }
     QCoreApplication::processEvents();
     QVERIFY(room.outcomes.isEmpty());
+}
+
+void TestWaitingRoom::closesWhileSomebodyWaits()
+{
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".")));
+    Room room;
+    FileProbe probe;
+    probe.state = [&](const QString&) { return std::optional(FileState{quint64(++room.looks), 0}); };
+    WaitingRoom waiting(shortLimits, probe, room.mainThread, room.notes());
+    waiting.settle(1, QStringLiteral("/a"));
+    QTRY_VERIFY(room.looks > 1);
 }
 
 MORVAK_TEST(TestWaitingRoom);
