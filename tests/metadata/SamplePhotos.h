@@ -1,13 +1,26 @@
 #pragma once
 
-#include <QByteArray>
+#include "sampleshoot/PhotoEncoders.h"
 
 namespace morvak::test {
 
-/// A photo as JPEG, drawn here; `side` in pixels.
-[[nodiscard]] QByteArray jpegPhoto(int side = 64);
+/// A photo of one colour; `side` in pixels.
+inline samples::PhotoOptions plainPhoto(int side)
+{
+    samples::PhotoOptions options;
+    options.upright = QImage(side, side, QImage::Format_RGB32);
+    options.upright.fill(Qt::darkCyan);
+    return options;
+}
 
-/// A baseline TIFF 6.0 file of one grey pixel, little-endian, as many RAW formats are built.
-[[nodiscard]] QByteArray tiffPhoto();
+inline QByteArray jpegPhoto(int side = 64)
+{
+    return samples::jpegPhoto(plainPhoto(side));
+}
+
+inline QByteArray tiffPhoto()
+{
+    return samples::tiffPhoto(plainPhoto(16));
+}
 
 }  // namespace morvak::test

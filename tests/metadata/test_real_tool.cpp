@@ -87,8 +87,6 @@ private Q_SLOTS:
     void noConfigFileOfAFolderRuns_data();
     void noConfigFileOfAFolderRuns();
     void readsWhatThePhotoHolds();
-    void writing();
-    void reading();
 
 private:
     [[nodiscard]] QString photo(const QString& name) const { return m_folder->filePath(name); }
@@ -398,29 +396,6 @@ void TestRealTool::readsWhatThePhotoHolds()
         ::kill(child, SIGKILL);
     QVERIFY(read(thumbnail, path) == preview);
     QVERIFY(read(thumbnail, path) == preview);
-}
-
-/// How long one write takes: run with -median 21 for a figure.
-void TestRealTool::writing()
-{
-    const QString path = jpeg();
-    QVERIFY(tag(path, fullSet()));
-    QBENCHMARK
-    {
-        QVERIFY(tag(path, fullSet()));
-    }
-}
-
-/// How long one read takes: run with -median 21 for a figure.
-void TestRealTool::reading()
-{
-    const QString path = jpeg();
-    const QStringList options = {QStringLiteral("-Orientation#"), QStringLiteral("-s3")};
-    QCOMPARE(read(options, path), QByteArray());
-    QBENCHMARK
-    {
-        QCOMPARE(read(options, path), QByteArray());
-    }
 }
 
 MORVAK_TEST(TestRealTool);
