@@ -43,6 +43,8 @@ int run(bool scanStandardInput)
     watcher.setShootManager(&store);
     store.load();
     watcher.applyWatchFolder(store.activeShoot());
+    if (watcher.watchPath().isEmpty())
+        diagnostic(QStringLiteral("⚠️ Geen map om te volgen: er is geen shoot met een map"));
     std::optional<ScanInput> scanner;
     if (scanStandardInput) {
         scanner.emplace(STDIN_FILENO);

@@ -24,6 +24,7 @@ std::vector<Entry>& entries()
 void usePrivateFolders(const QTemporaryDir& root)
 {
     qputenv("HOME", root.path().toUtf8());
+    qputenv("XDG_RUNTIME_DIR", root.path().toUtf8());
     qputenv("XDG_DATA_HOME", root.filePath(QStringLiteral("data")).toUtf8());
     qputenv("XDG_CONFIG_HOME", root.filePath(QStringLiteral("config")).toUtf8());
     qputenv("XDG_CACHE_HOME", root.filePath(QStringLiteral("cache")).toUtf8());
