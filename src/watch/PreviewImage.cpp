@@ -34,6 +34,8 @@ std::optional<QImage> decode(QIODevice& device)
     QImageReader reader(&device);
     reader.setAutoTransform(false);
     reader.setDecideFormatFromContent(true);
+    if (const QByteArray format = reader.format(); format != "jpeg" && format != "tiff")
+        return std::nullopt;  // no camera writes it, and bytes from outside see no other decoder
     if (const QSize size = reader.size(); decodedSize(size) != size)
         reader.setScaledSize(decodedSize(size));
     QImage image = reader.read();

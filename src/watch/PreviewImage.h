@@ -30,7 +30,7 @@ public:
                                                           const std::stop_token& stop);
 
     /// Decodes image bytes and turns the image by an orientation of the EXIF standard; 1 and values outside 1
-    /// to 8 leave it as it is. None when the bytes are no image.
+    /// to 8 leave it as it is. None when the bytes are no JPEG or TIFF.
     [[nodiscard]] static std::optional<QImage> orientedImage(const QByteArray& from, qint32 exifOrientation);
 };
 
