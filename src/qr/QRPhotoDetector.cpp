@@ -28,8 +28,13 @@ struct Attempt {
 constexpr std::array attempts{
     Attempt{.side = 213, .sharpenRadius = 3, .surroundings = 40, .regions = 5, .whiteOnBlack = true},
     Attempt{.side = 150, .sharpenRadius = 2, .surroundings = 28, .regions = 2, .whiteOnBlack = false},
-    Attempt{.side = 333, .sharpenRadius = 5, .surroundings = 35, .regions = 2, .whiteOnBlack = false},
+    Attempt{.side = 333, .sharpenRadius = 5, .surroundings = 35, .regions = 1, .whiteOnBlack = false},
 };
+
+std::optional<QString> readUnlessBusy(const GrayImage& blackAndWhite)
+{
+    return isTooBusy(blackAndWhite) ? std::nullopt : readSymbol(blackAndWhite);
+}
 
 std::optional<QString> firstLook(const ImagePyramid& photo)
 {
@@ -38,7 +43,7 @@ std::optional<QString> firstLook(const ImagePyramid& photo)
     if (!isTooBusy(split))
         return readSymbol(split);
     // Grain looks like tiny finder patterns; at half the size it is gone.
-    return readSymbol(splitAtLocalMean(photo.atMost(split.width * split.height / 4), surroundings));
+    return readUnlessBusy(splitAtLocalMean(photo.atMost(split.width * split.height / 4), surroundings));
 }
 
 std::optional<QString> readRegion(const ImagePyramid& photo, const QRect& box, const Attempt& attempt)
@@ -49,9 +54,9 @@ std::optional<QString> readRegion(const ImagePyramid& photo, const QRect& box, c
     const GrayImage enlarged = photo.cutOut(part, double(attempt.side) / box.width());
     const GrayImage split =
         splitAtLocalMean(sharpened(enlarged, attempt.sharpenRadius, amount), attempt.surroundings);
-    auto text = readSymbol(split);
+    auto text = readUnlessBusy(split);
     if (!text && attempt.whiteOnBlack)
-        text = readSymbol(inverted(split));
+        text = readUnlessBusy(inverted(split));
     return text;
 }
 

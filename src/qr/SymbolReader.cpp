@@ -64,8 +64,6 @@ std::optional<QString> firstText(const ZXing::Results& results)
 
 std::optional<QString> readSymbol(const GrayImage& blackAndWhite)
 {
-    if (isTooBusy(blackAndWhite))
-        return std::nullopt;
     const auto hints = ZXing::DecodeHints()
                            .setFormats(ZXing::BarcodeFormat::QRCode)
                            .setBinarizer(ZXing::Binarizer::FixedThreshold)
