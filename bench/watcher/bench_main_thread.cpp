@@ -27,9 +27,7 @@ namespace {
 
 QByteArray photo()
 {
-    samples::PhotoOptions options;
-    options.upright = QImage(1620, 1080, QImage::Format_RGB32);
-    options.upright.fill(Qt::gray);
+    samples::PhotoOptions options = samples::plainPhoto(QSize(1620, 1080));
     options.size = 500'000;
     return samples::nefPhoto(options);
 }

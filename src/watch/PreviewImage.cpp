@@ -69,7 +69,7 @@ QImage upright(const QImage& image, qint32 orientation)
 
 qint32 readOrientation(const QString& path, const PreviewTool& tool)
 {
-    return parseOrientation(tool.read({QStringLiteral("-Orientation#"), QStringLiteral("-s3")}, path));
+    return parseOrientation(tool.read(orientationOptions(), path));
 }
 
 bool looksLikeJpeg(const QByteArray& data)
@@ -126,6 +126,11 @@ std::optional<QImage> PreviewImage::orientedImage(const QByteArray& from, qint32
     if (!image)
         return std::nullopt;
     return upright(*image, exifOrientation);
+}
+
+QStringList orientationOptions()
+{
+    return {QStringLiteral("-Orientation#"), QStringLiteral("-s3")};
 }
 
 qint32 parseOrientation(const QByteArray& answer)

@@ -34,6 +34,9 @@ public:
     [[nodiscard]] static std::optional<QImage> orientedImage(const QByteArray& from, qint32 exifOrientation);
 };
 
+/// What the tool is asked for the orientation of a photo.
+[[nodiscard]] QStringList orientationOptions();
+
 /// The orientation in the tool's answer: a signed decimal number with blanks around it; else 1.
 [[nodiscard]] qint32 parseOrientation(const QByteArray& answer);
 

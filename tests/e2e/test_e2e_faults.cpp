@@ -14,9 +14,7 @@ namespace {
 /// A RAW container of some megabytes, with a small preview.
 QByteArray rawPhoto()
 {
-    samples::PhotoOptions options;
-    options.upright = QImage(1620, 1080, QImage::Format_RGB32);
-    options.upright.fill(Qt::gray);
+    samples::PhotoOptions options = samples::plainPhoto(QSize(1620, 1080));
     options.size = 4'000'000;
     return samples::dngPhoto(options);
 }

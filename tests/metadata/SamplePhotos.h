@@ -1,26 +1,32 @@
 #pragma once
 
+#include "model/SetData.h"
 #include "sampleshoot/PhotoEncoders.h"
 
 namespace morvak::test {
 
-/// A photo of one colour; `side` in pixels.
-inline samples::PhotoOptions plainPhoto(int side)
-{
-    samples::PhotoOptions options;
-    options.upright = QImage(side, side, QImage::Format_RGB32);
-    options.upright.fill(Qt::darkCyan);
-    return options;
-}
-
+/// `side` in pixels.
 inline QByteArray jpegPhoto(int side = 64)
 {
-    return samples::jpegPhoto(plainPhoto(side));
+    return samples::jpegPhoto(samples::plainPhoto(QSize(side, side)));
 }
 
 inline QByteArray tiffPhoto()
 {
-    return samples::tiffPhoto(plainPhoto(16));
+    return samples::tiffPhoto(samples::plainPhoto(QSize(16, 16)));
+}
+
+/// A set with every field that is written, and items with and without a colour.
+inline SetData fullSet()
+{
+    SetData set;
+    set.setNumber = QStringLiteral("12");
+    set.brand = QStringLiteral("Noord");
+    set.items = {{.name = QStringLiteral("Overshirt"), .color = QStringLiteral("navy")},
+                 {.name = QStringLiteral("Chino"), .color = {}}};
+    set.model = QStringLiteral("Anna");
+    set.location = QStringLiteral("Studio 2");
+    return set;
 }
 
 }  // namespace morvak::test

@@ -51,18 +51,6 @@ QVariantMap tagsOf(const QString& path)
     return QJsonDocument::fromJson(json).array().at(0).toObject().toVariantMap();
 }
 
-SetData fullSet()
-{
-    SetData set;
-    set.setNumber = QStringLiteral("12");
-    set.brand = QStringLiteral("Noord");
-    set.items = {{.name = QStringLiteral("Overshirt"), .color = QStringLiteral("navy")},
-                 {.name = QStringLiteral("Chino"), .color = {}}};
-    set.model = QStringLiteral("Anna");
-    set.location = QStringLiteral("Studio 2");
-    return set;
-}
-
 }  // namespace
 
 class TestRealTool : public QObject {
@@ -156,7 +144,7 @@ void TestRealTool::everyRowIsReadBack()
     QFETCH(QByteArray, contents);
     const QString path = photo(name);
     writeFile(path, contents);
-    QVERIFY(tag(path, fullSet(), QStringLiteral("Lente")));
+    QVERIFY(tag(path, test::fullSet(), QStringLiteral("Lente")));
 
     const QString headline = QStringLiteral("Set 12 — Noord");
     const QString description = QStringLiteral("Overshirt navy, Chino");
@@ -246,7 +234,7 @@ void TestRealTool::namesAreOnlyNames()
     const QString path = jpeg(decodeFileName(name));
     const QByteArray bystander = test::jpegPhoto();
     writeFile(photo(QStringLiteral("x.jpg")), bystander);
-    QVERIFY(tag(path, fullSet()));
+    QVERIFY(tag(path, test::fullSet()));
     QCOMPARE(read({QStringLiteral("-s3"), QStringLiteral("-XMP-dc:Creator")}, path), QByteArray("Anna\n"));
     QStringList entries = *folderEntries(m_folder->path());
     entries.sort();
@@ -261,7 +249,7 @@ void TestRealTool::namesAreOnlyNames()
 void TestRealTool::emptyValuesRemoveTags()
 {
     const QString path = jpeg();
-    QVERIFY(tag(path, fullSet()));
+    QVERIFY(tag(path, test::fullSet()));
     SetData bare;
     bare.brand = QStringLiteral("Zuid");
     QVERIFY(tag(path, bare));
@@ -276,23 +264,23 @@ void TestRealTool::aFailedWriteIsTold()
 {
     const QString text = photo(QStringLiteral("text.jpg"));
     writeFile(text, "not a photo");
-    QVERIFY(!tag(text, fullSet()));
+    QVERIFY(!tag(text, test::fullSet()));
     const QString refused = photo(QStringLiteral("a.3fr"));
     writeFile(refused, test::tiffPhoto());
-    QVERIFY(!tag(refused, fullSet()));
-    QVERIFY(tag(jpeg(), fullSet()));
+    QVERIFY(!tag(refused, test::fullSet()));
+    QVERIFY(tag(jpeg(), test::fullSet()));
 }
 
 void TestRealTool::aToolKilledOverARequestCostsNothing()
 {
     useFreshService();
-    QVERIFY(tag(jpeg(), fullSet()));
+    QVERIFY(tag(jpeg(), test::fullSet()));
     const QList<int> children = test::childProcesses();
     QCOMPARE(children.size(), 1);
     ::kill(children.first(), SIGSTOP);
     const QString path = jpeg(QStringLiteral("b.jpg"));
     std::optional<bool> result;
-    m_service->writeMetadata(path, fullSet(), {}, [&result](bool tagged) { result = tagged; });
+    m_service->writeMetadata(path, test::fullSet(), {}, [&result](bool tagged) { result = tagged; });
     writeFile(path + QStringLiteral("_exiftool_tmp"), "half a photo");
     ::kill(children.first(), SIGKILL);
     QTRY_COMPARE_WITH_TIMEOUT(result, std::optional(true), toolTime);
@@ -303,10 +291,10 @@ void TestRealTool::aToolKilledOverARequestCostsNothing()
 void TestRealTool::aStoppedToolIsBrokenOffOnQuit()
 {
     useFreshService();
-    QVERIFY(tag(jpeg(), fullSet()));
+    QVERIFY(tag(jpeg(), test::fullSet()));
     ::kill(test::childProcesses().first(), SIGSTOP);
     std::optional<bool> result;
-    m_service->writeMetadata(jpeg(), fullSet(), {}, [&result](bool tagged) { result = tagged; });
+    m_service->writeMetadata(jpeg(), test::fullSet(), {}, [&result](bool tagged) { result = tagged; });
     QElapsedTimer clock;
     clock.start();
     m_service->terminateForAppQuit();
@@ -323,7 +311,8 @@ void TestRealTool::quittingUnderLoadLeavesWholePhotos()
     for (int i = 0; i < photos; ++i) {
         const QString path = photo(QStringLiteral("%1.jpg").arg(i));
         writeFile(path, contents);
-        m_service->writeMetadata(path, fullSet(), {}, [&results](bool tagged) { results.append(tagged); });
+        m_service->writeMetadata(path, test::fullSet(), {},
+                                 [&results](bool tagged) { results.append(tagged); });
     }
     QTRY_VERIFY_WITH_TIMEOUT(results.size() >= 3, toolTime);
     m_service->terminateForAppQuit();
@@ -363,7 +352,7 @@ void TestRealTool::noConfigFileOfAFolderRuns()
     ExifToolConfig config;
     config.findTool = [tool] { return tool; };
     useFreshService(config);
-    QVERIFY(tag(jpeg(), fullSet()));
+    QVERIFY(tag(jpeg(), test::fullSet()));
     QCOMPARE(read({QStringLiteral("-s3"), QStringLiteral("-XMP-dc:Creator")}, jpeg(QStringLiteral("b.jpg"))),
              QByteArray());
     QVERIFY(!QFile::exists(ran));

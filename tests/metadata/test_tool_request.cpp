@@ -1,3 +1,4 @@
+#include "SamplePhotos.h"
 #include "metadata/TaggingRequest.h"
 #include "metadata/ToolRequest.h"
 #include "platform/FileName.h"
@@ -88,13 +89,7 @@ void TestToolRequest::sendsOnlyPathsThatCannotBeMistaken()
 
 void TestToolRequest::tagsInOrder()
 {
-    SetData set;
-    set.setNumber = QStringLiteral("12");
-    set.brand = QStringLiteral("Noord");
-    set.items = {{.name = QStringLiteral("Overshirt"), .color = QStringLiteral("navy")},
-                 {.name = QStringLiteral("Chino"), .color = {}}};
-    set.model = QStringLiteral("Anna");
-    set.location = QStringLiteral("Studio 2");
+    const SetData set = morvak::test::fullSet();
     const QString setText = QStringLiteral(
         "SET:12 | BRAND:Noord | ITEM:Overshirt/navy | ITEM:Chino | MODEL:Anna | LOCATION:Studio 2");
     const QStringList expected = {

@@ -28,4 +28,13 @@ struct PhotoOptions {
     QDateTime taken = QDateTime::currentDateTime();
 };
 
+/// A photo of one colour, for where only the file matters.
+inline PhotoOptions plainPhoto(const QSize& size)
+{
+    PhotoOptions options;
+    options.upright = QImage(size, QImage::Format_RGB32);
+    options.upright.fill(Qt::darkCyan);
+    return options;
+}
+
 }  // namespace morvak::samples

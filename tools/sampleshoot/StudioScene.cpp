@@ -75,8 +75,22 @@ void drawVignette(QPainter& painter, const QSizeF& size)
     painter.fillRect(QRectF(QPointF(0, 0), size), edge);
 }
 
-template <typename Subject>
-QImage scene(const QSize& size, quint32 seed, Subject subject)
+void drawSubject(QPainter& painter, const Outfit& outfit, const QSize& size, Dice& dice)
+{
+    const double floor = size.height() * stand;
+    if (size.height() >= size.width())
+        drawFigure(painter, outfit,
+                   QPointF(size.width() * between(dice, 0.44, 0.54), floor + size.height() * 0.03),
+                   size.height() * 0.82, dice);
+    else if (dice() % 2 == 0)
+        drawRail(painter, outfit, size, floor, dice);
+    else
+        drawPlinths(painter, outfit, size, floor, dice);
+}
+
+}  // namespace
+
+QImage studioScene(const Outfit& outfit, const QSize& size, quint32 seed)
 {
     Dice dice(seed);
     QImage image(size, QImage::Format_RGB32);
@@ -86,33 +100,11 @@ QImage scene(const QSize& size, quint32 seed, Subject subject)
         drawPaper(painter, size, paperColour(dice));
         if (size.width() > size.height())
             drawStudioBeside(painter, size);
-        subject(painter, dice);
+        drawSubject(painter, outfit, size, dice);
         drawVignette(painter, size);
     }
     addGrain(image, 2, seed);
     return image;
-}
-
-}  // namespace
-
-QImage studioScene(const Outfit& outfit, const QSize& size, quint32 seed)
-{
-    return scene(size, seed, [&](QPainter& painter, Dice& dice) {
-        const double floor = size.height() * stand;
-        if (size.height() >= size.width())
-            drawFigure(painter, outfit,
-                       QPointF(size.width() * between(dice, 0.44, 0.54), floor + size.height() * 0.03),
-                       size.height() * 0.82, dice);
-        else if (dice() % 2 == 0)
-            drawRail(painter, outfit, size, floor, dice);
-        else
-            drawPlinths(painter, outfit, size, floor, dice);
-    });
-}
-
-QImage emptyStudio(const QSize& size, quint32 seed)
-{
-    return scene(size, seed, [](QPainter&, Dice&) {});
 }
 
 }  // namespace morvak::samples

@@ -11,7 +11,4 @@ namespace morvak::samples {
 /// the same picture.
 [[nodiscard]] QImage studioScene(const Outfit& outfit, const QSize& size, quint32 seed);
 
-/// The same studio with nobody in it.
-[[nodiscard]] QImage emptyStudio(const QSize& size, quint32 seed);
-
 }  // namespace morvak::samples
