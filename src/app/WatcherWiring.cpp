@@ -18,6 +18,7 @@ WatcherServices watcherServices(ExifToolService& exifTool)
         return exifTool.read(options, path);
     };
     services.eyes.detectQRText = QRPhotoDetector::detectQRText;
+    services.readHeadline = [&exifTool](const QString& path) { return exifTool.readHeadline(path); };
     services.writeMetadata = [&exifTool](const QString& to, const SetData& setData, const QString& shootName,
                                          std::function<void(bool)> completion) {
         exifTool.writeMetadata(to, setData, shootName, std::move(completion));

@@ -24,7 +24,8 @@ ExifToolService& ExifToolService::shared()
 ExifToolService::ExifToolService(ExifToolConfig config)
     : m_findTool(toolLookup(config)),
       m_writer(config.writer, m_findTool, m_quit),
-      m_reader(config.reader, m_findTool, m_quit)
+      m_reader(config.reader, m_findTool, m_quit),
+      m_folderReader(config.folderAnswer, m_findTool, m_quit)
 {
 }
 
@@ -53,6 +54,7 @@ void ExifToolService::terminateForAppQuit()
     m_reader.close();
     m_writer.wait();
     m_reader.wait();
+    m_folderReader.wait();
 }
 
 void ExifToolService::writeMetadata(const QString& to, const SetData& setData, const QString& shootName,
@@ -66,6 +68,19 @@ void ExifToolService::writeMetadata(const QString& to, const SetData& setData, c
 QByteArray ExifToolService::read(const QStringList& options, const QString& filePath)
 {
     return m_reader.read(options, filePath);
+}
+
+std::optional<QString> ExifToolService::readHeadline(const QString& at)
+{
+    const QByteArray answer = read({QStringLiteral("-s3"), QStringLiteral("-XMP-photoshop:Headline")}, at);
+    const QString headline = answer.isValidUtf8() ? QString::fromUtf8(answer).trimmed() : QString();
+    return headline.isEmpty() ? std::nullopt : std::optional(headline);
+}
+
+QList<SubjectAndDate> ExifToolService::readSubjectsAndDates(const QString& in,
+                                                            const QSet<QString>& extensions)
+{
+    return m_folderReader.read(in, extensions);
 }
 
 }  // namespace morvak

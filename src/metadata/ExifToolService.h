@@ -1,15 +1,17 @@
 #pragma once
 
+#include "metadata/FolderReader.h"
 #include "metadata/PhotoReader.h"
 #include "metadata/PhotoWriter.h"
 #include "platform/MainThread.h"
 
 namespace morvak {
 
-/// The one bridge to exiftool: tags photos and reads what is in them, through one stay-open tool each.
+/// The one bridge to exiftool: tags photos and reads what is in them, through one stay-open tool each; whole
+/// folders are read by runs of their own.
 ///
 /// Made and destroyed on the main thread. Nothing runs any more, and nothing is called back, once it is gone;
-/// threads that are inside `read` at that moment get their empty answer first.
+/// threads that are inside one of the reads at that moment get their empty answer first.
 class ExifToolService {
 public:
     using Completion = PhotoWriter::Completion;
@@ -46,6 +48,19 @@ public:
     /// five seconds once it is its turn; any thread but the main one.
     [[nodiscard]] QByteArray read(const QStringList& options, const QString& filePath);
 
+    /// The XMP photoshop Headline, which tagging writes, without white space and line breaks at both ends.
+    /// None when the photo has none but white space, when it is no UTF-8, and on any failure of `read`, as
+    /// which it blocks.
+    [[nodiscard]] std::optional<QString> readHeadline(const QString& at);
+
+    /// The file name, XMP Subject and capture time of the photos directly in a folder (absolute, of any name)
+    /// whose lower-cased extension, without its dot, is among `extensions`; in no order. Symbolic links, and
+    /// files that the tool would print under another name, are left out; empty on any failure. One run of
+    /// its own, which may go on while photos are tagged. Blocks for at most about 30 seconds; any thread but
+    /// the main one.
+    [[nodiscard]] QList<SubjectAndDate> readSubjectsAndDates(const QString& in,
+                                                             const QSet<QString>& extensions);
+
     /// The path of the tool to use; there may be nothing at it. Any thread.
     [[nodiscard]] QString findExifTool() const { return m_findTool(); }
 
@@ -55,6 +70,7 @@ private:
     Interrupt m_quit;
     PhotoWriter m_writer;
     PhotoReader m_reader;
+    FolderReader m_folderReader;
 };
 
 }  // namespace morvak

@@ -1,8 +1,6 @@
 #include "metadata/OneShotRun.h"
 
-#include "metadata/ToolEnvironment.h"
 #include "platform/Diagnostics.h"
-#include "platform/FileName.h"
 
 namespace morvak {
 
@@ -32,17 +30,12 @@ QByteArray allOutput(ChildProcess& child, QDeadlineTimer deadline, const Interru
 
 }  // namespace
 
-QByteArray runToolOnce(const QString& toolPath, const QStringList& options, const QString& filePath,
-                       std::chrono::milliseconds limit, const Interrupt& quit)
+QByteArray runToolOnce(const ChildCommand& command, std::chrono::milliseconds limit, const Interrupt& quit)
 {
     if (quit.isRaised())
         return {};
-    QList<QByteArray> arguments;
-    for (const QString& option : options)
-        arguments.append(option.toUtf8());
-    arguments.append(encodeFileName(filePath));
     QString error;
-    const std::unique_ptr<ChildProcess> child = ChildProcess::launch(toolCommand(toolPath, arguments), error);
+    const std::unique_ptr<ChildProcess> child = ChildProcess::launch(command, error);
     if (child)
         return allOutput(*child, QDeadlineTimer(limit), quit);
     diagnostic(QStringLiteral("❌ Failed to start ExifTool: ") + error);

@@ -1,6 +1,7 @@
 #include "metadata/PhotoReader.h"
 
 #include "metadata/OneShotRun.h"
+#include "metadata/ToolEnvironment.h"
 #include "metadata/ToolRequest.h"
 #include "platform/Diagnostics.h"
 #include "platform/FileName.h"
@@ -27,6 +28,15 @@ qint64 unguessableNumber()
 StayOpenTool::Job readerJob(const ToolLimits& limits)
 {
     return {QStringLiteral("ExifTool reader"), AnswerReader::Marker::AtEnd, unguessableNumber(), limits};
+}
+
+ChildCommand commandFor(const QString& tool, const QStringList& options, const QString& filePath)
+{
+    QList<QByteArray> arguments;
+    for (const QString& option : options)
+        arguments.append(option.toUtf8());
+    arguments.append(encodeFileName(filePath));
+    return toolCommand(tool, arguments);
 }
 
 }  // namespace
@@ -71,7 +81,7 @@ QByteArray PhotoReader::read(const QStringList& options, const QString& filePath
     if (result)
         return *result;
     const QString tool = m_findTool();
-    return QFileInfo::exists(tool) ? runToolOnce(tool, options, filePath, m_limits.answer, m_quit)
+    return QFileInfo::exists(tool) ? runToolOnce(commandFor(tool, options, filePath), m_limits.answer, m_quit)
                                    : QByteArray();
 }
 

@@ -28,6 +28,7 @@ struct ExifToolConfig {
     ToolLimits reader{.answer = std::chrono::seconds(5),
                       .dropPatience = std::chrono::milliseconds(0),
                       .quitGrace = std::chrono::milliseconds(0)};
+    std::chrono::milliseconds folderAnswer{30'000};  ///< one run over a whole folder
 };
 
 }  // namespace morvak

@@ -20,4 +20,8 @@ struct DateForm {
 /// The store files: a number, the seconds of `Timestamp`.
 extern const DateForm numericDates;
 
+/// The shoot files: texts as `Timestamp` spells and reads them. A date that has no such text spoils what is
+/// written.
+extern const DateForm isoDates;
+
 }  // namespace morvak

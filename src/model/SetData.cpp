@@ -6,17 +6,6 @@ namespace morvak {
 
 namespace {
 
-std::optional<SetItem> parseItem(QStringView value)
-{
-    const std::optional<SplitText> parts = splitOnce(value, u'/');
-    if (!parts)
-        return std::nullopt;
-    SetItem item;
-    item.name = trimmed(parts->first).toString();
-    item.color = trimmed(parts->second.value_or(QStringView())).toString();
-    return item;
-}
-
 void readLine(SetData& set, QStringView line)
 {
     const std::optional<SplitText> parts = splitOnce(trimmed(line), u':');
@@ -35,7 +24,7 @@ void readLine(SetData& set, QStringView line)
     } else if (key == u"EMAIL") {
         set.email = value.toString();
     } else if (key == u"ITEM") {
-        if (const std::optional<SetItem> item = parseItem(value))
+        if (const std::optional<SetItem> item = SetItem::parse(value))
             set.items.append(*item);
     }
 }
@@ -45,12 +34,23 @@ QString numberLabel(const SetData& set)
     return QStringLiteral("Set ") + set.setNumber;
 }
 
-QString withColor(const SetItem& item, QChar separator)
+}  // namespace
+
+std::optional<SetItem> SetItem::parse(QStringView text)
 {
-    return item.color.isEmpty() ? item.name : item.name + separator + item.color;
+    const std::optional<SplitText> parts = splitOnce(trimmed(text), u'/');
+    if (!parts)
+        return std::nullopt;
+    SetItem item;
+    item.name = trimmed(parts->first).toString();
+    item.color = trimmed(parts->second.value_or(QStringView())).toString();
+    return item;
 }
 
-}  // namespace
+QString SetItem::joined(QChar separator) const
+{
+    return color.isEmpty() ? name : name + separator + color;
+}
 
 std::optional<SetData> SetData::parse(const QString& text)
 {
@@ -72,7 +72,7 @@ QString SetData::toQRText() const
     addLine(QStringLiteral("SET:"), setNumber);
     addLine(QStringLiteral("BRAND:"), brand);
     for (const SetItem& item : items)
-        lines.append(QStringLiteral("ITEM:") + withColor(item, u'/'));
+        lines.append(QStringLiteral("ITEM:") + item.joined(u'/'));
     addLine(QStringLiteral("MODEL:"), model);
     addLine(QStringLiteral("LOCATION:"), location);
     addLine(QStringLiteral("EMAIL:"), email);
@@ -93,7 +93,7 @@ QString SetData::description() const
 {
     QStringList parts;
     for (const SetItem& item : items)
-        parts.append(withColor(item, u' '));
+        parts.append(item.joined(u' '));
     return parts.join(QStringLiteral(", "));
 }
 

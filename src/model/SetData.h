@@ -16,6 +16,13 @@ struct SetItem {
     QUuid id = QUuid::createUuid();  ///< fixed when the item is made
     QString name;
     QString color;  ///< may be empty
+
+    /// Reads `name/colour` or `name` with blanks around each part, slashes at the start skipped. The name is
+    /// empty where blanks stand for it; none when there is nothing but slashes.
+    [[nodiscard]] static std::optional<SetItem> parse(QStringView text);
+
+    /// Name, separator and colour; the name alone without a colour.
+    [[nodiscard]] QString joined(QChar separator) const;
 };
 
 /// One set: an outfit or product combination that is photographed as a unit.

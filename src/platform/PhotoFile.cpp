@@ -5,8 +5,10 @@
 #include <QFile>
 #include <QHash>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 
 #include <dirent.h>
@@ -40,6 +42,14 @@ int openWithoutFollowing(const QByteArray& name)
 }
 
 enum class Lease { Free, Held, Unknown };
+
+/// File systems can hold times that 64 bits of nanoseconds cannot: those stand at either end.
+qint64 nanoseconds(const timespec& time)
+{
+    constexpr qint64 second = 1'000'000'000;
+    constexpr qint64 mostSeconds = std::numeric_limits<qint64>::max() / second - 1;
+    return std::clamp<qint64>(time.tv_sec, -mostSeconds, mostSeconds) * second + time.tv_nsec;
+}
 
 /// `id` is filled in when the answer is Unknown and the file is a regular one.
 Lease tryLease(const QString& path, std::optional<FileId>& id)
@@ -139,8 +149,7 @@ std::optional<FileState> regularFileState(const QString& path)
     struct stat info = {};
     if (::lstat(encodeFileName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return std::nullopt;
-    return FileState{quint64(info.st_size),
-                     qint64(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec};
+    return FileState{quint64(info.st_size), nanoseconds(info.st_mtim)};
 }
 
 std::optional<QStringList> folderEntries(const QString& folder)

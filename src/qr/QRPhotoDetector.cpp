@@ -6,8 +6,9 @@
 #include "qr/SymbolReader.h"
 #include "qr/Turnstile.h"
 
+#include <algorithm>
 #include <array>
-#include <ranges>
+#include <span>
 
 namespace morvak {
 
@@ -64,7 +65,8 @@ std::optional<QString> readRegions(const ImagePyramid& photo, const std::stop_to
 {
     const std::vector<CodeRegion> regions = findCodeRegions(photo.full(), attempts.front().regions);
     for (const Attempt& attempt : attempts)
-        for (const CodeRegion& region : regions | std::views::take(attempt.regions)) {
+        for (const CodeRegion& region :
+             std::span(regions).first(std::min(regions.size(), std::size_t(attempt.regions)))) {
             if (stop.stop_requested())
                 return std::nullopt;
             if (auto text = readRegion(photo, region.box, attempt))

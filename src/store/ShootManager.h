@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Shoot.h"
-#include "store/KeptFile.h"
+#include "platform/KeptFile.h"
 
 #include <QObject>
 
@@ -75,6 +75,22 @@ public:
     /// The number that a new set gets when the user gives none.
     [[nodiscard]] QString defaultSetNumber() const;
 
+    /// The sets of a shoot as CSV; empty for an unknown id.
+    [[nodiscard]] QString exportCSV(QUuid shootId) const;
+
+    /// Each row of a CSV text comes first in the shoot, one after the other. Gives the number of new sets; 0
+    /// with a diagnostic line when the text as a whole cannot be used. Saves once.
+    qsizetype importCSV(const QString& text, QUuid shootId);
+
+    /// The content of the shoot's file; none for an unknown id, and with a diagnostic line where a file
+    /// cannot hold the shoot.
+    [[nodiscard]] std::optional<QByteArray> exportJSON(QUuid shootId) const;
+
+    /// The shoot of a shoot file, made now with fresh ids for itself and its sets, without folder and log,
+    /// stands first and becomes the active one; it is given back. None with a diagnostic line when the bytes
+    /// are no shoot file. Saves.
+    std::optional<Shoot> importShoot(const QByteArray& from);
+
 Q_SIGNALS:
     void shootsChanged();
     void activeShootIdChanged();
@@ -89,6 +105,7 @@ private:
 
     [[nodiscard]] qsizetype indexOfShoot(std::optional<QUuid> id) const;
     [[nodiscard]] std::optional<Place> findSet(QUuid id) const;
+    bool takeImported(QList<Shoot> shoots);
     SetData& setAt(const Place& place) { return m_shoots[place.shoot].sets[place.set]; }
 
     KeptFile m_file;

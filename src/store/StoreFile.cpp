@@ -1,9 +1,8 @@
 #include "store/StoreFile.h"
 
 #include "model/ShootJson.h"
+#include "text/JsonText.h"
 #include "text/JsonWriter.h"
-
-#include <QJsonDocument>
 
 namespace morvak {
 
@@ -17,17 +16,13 @@ std::optional<QByteArray> encodeShoots(const QList<Shoot>& shoots)
 
 std::optional<QList<Shoot>> decodeShoots(const QByteArray& bytes, JsonFault& fault)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        fault = {{}, QStringLiteral("geen JSON bij byte %1: %2").arg(error.offset).arg(error.errorString())};
+    const std::optional<QJsonValue> top = parseJson(bytes, fault);
+    if (!top)
         return std::nullopt;
-    }
-    const QJsonValue top = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
     const auto readOne = [](const QJsonValue& value, JsonFault& inner) {
         return readShoot(value, numericDates, inner);
     };
-    return readJsonList(top, readOne, fault);
+    return readJsonList(*top, readOne, fault);
 }
 
 }  // namespace morvak

@@ -11,6 +11,7 @@ namespace {
 
 /// The shortest text of any double or 64-bit integer fits: sign, 17 digits, point, five zeros, exponent.
 constexpr qsizetype longestNumber = 40;
+constexpr qsizetype indentWidth = 2;
 
 /// Length of the start of `text` that stands in a JSON string as it is.
 qsizetype plainLength(QStringView text)
@@ -18,7 +19,7 @@ qsizetype plainLength(QStringView text)
     qsizetype i = 0;
     while (i < text.size()) {
         const QChar c = text[i];
-        if (c.unicode() < 0x20 || c == u'"' || c == u'\\')
+        if (c.unicode() < 0x20 || c == u'"' || c == u'\\' || c == QChar::ByteOrderMark)
             break;
         if (!c.isSurrogate()) {
             ++i;
@@ -55,19 +56,23 @@ void JsonWriter::endObject()
 
 JsonWriter& JsonWriter::key(QLatin1StringView name)
 {
-    char* at = separated(room(name.size() + 4));
+    char* at = element(name.size() + 4);
     *at++ = '"';
     at = std::copy(name.begin(), name.end(), at);
     *at++ = '"';
     *at++ = ':';
+    if (m_layout == JsonLayout::indented)
+        *at++ = ' ';
     setEnd(at);
-    m_needsComma = false;
+    m_before = Before::key;
     return *this;
 }
 
 void JsonWriter::text(QStringView value)
 {
-    open('"');
+    char* const start = element(1);
+    *start = '"';
+    setEnd(start + 1);
     while (!value.isEmpty()) {
         const qsizetype plain = plainLength(value);
         appendUtf8(value.first(plain));
@@ -75,12 +80,13 @@ void JsonWriter::text(QStringView value)
             escape(value[plain].unicode());
         value = value.sliced(std::min(plain + 1, value.size()));
     }
-    close('"');
+    *room(1) = '"';
+    ++m_length;
 }
 
 void JsonWriter::plainText(QLatin1StringView value)
 {
-    char* at = separated(room(value.size() + 3));
+    char* at = element(value.size() + 2);
     *at++ = '"';
     at = std::copy(value.begin(), value.end(), at);
     *at++ = '"';
@@ -89,21 +95,21 @@ void JsonWriter::plainText(QLatin1StringView value)
 
 void JsonWriter::integer(qint64 value)
 {
-    char* const at = separated(room(longestNumber + 1));
+    char* const at = element(longestNumber);
     setEnd(std::to_chars(at, at + longestNumber, value).ptr);
 }
 
 void JsonWriter::number(double value)
 {
     if (!std::isfinite(value)) {
-        m_spoiled = true;
+        spoil();
         return;
     }
     // An exponent only where it spares a row of zeros: a date such as 700000000 stays readable.
     const double magnitude = std::abs(value);
     const bool plain = value == 0 || (magnitude >= 1e-6 && magnitude < 1e15);
     const auto format = plain ? std::chars_format::fixed : std::chars_format::scientific;
-    char* const at = separated(room(longestNumber + 1));
+    char* const at = element(longestNumber);
     setEnd(std::to_chars(at, at + longestNumber, value, format).ptr);
 }
 
@@ -122,27 +128,49 @@ char* JsonWriter::room(qsizetype bytes)
     return m_bytes.data() + m_length;
 }
 
-char* JsonWriter::separated(char* at)
+/// Where the next value or key of so many bytes goes, set apart from what stands before it.
+char* JsonWriter::element(qsizetype bytes)
 {
-    if (m_needsComma)
+    char* at = room(1 + newLineLength() + bytes);
+    if (m_before == Before::element)
         *at++ = ',';
-    m_needsComma = true;
+    if (m_before != Before::key)
+        at = newLine(at);
+    m_before = Before::element;
     return at;
 }
 
 void JsonWriter::open(char bracket)
 {
-    char* at = separated(room(2));
-    *at++ = bracket;
-    setEnd(at);
-    m_needsComma = false;
+    char* const at = element(1);
+    *at = bracket;
+    setEnd(at + 1);
+    ++m_depth;
+    m_before = Before::opening;
 }
 
 void JsonWriter::close(char bracket)
 {
-    *room(1) = bracket;
-    ++m_length;
-    m_needsComma = true;
+    --m_depth;
+    char* at = room(newLineLength() + 1);
+    if (m_before == Before::element)
+        at = newLine(at);
+    *at++ = bracket;
+    setEnd(at);
+    m_before = Before::element;
+}
+
+qsizetype JsonWriter::newLineLength() const
+{
+    return m_layout == JsonLayout::indented ? 1 + m_depth * indentWidth : 0;
+}
+
+char* JsonWriter::newLine(char* at) const
+{
+    if (newLineLength() == 0 || m_length == 0)
+        return at;
+    *at++ = '\n';
+    return std::fill_n(at, m_depth * indentWidth, ' ');
 }
 
 void JsonWriter::appendUtf8(QStringView plain)

@@ -24,17 +24,19 @@ QStringView trimmed(QStringView text)
     return text;
 }
 
-QList<QStringView> cutAtLineBreaks(QStringView text)
+void LinePieces::Iterator::cut()
 {
-    QList<QStringView> pieces;
-    auto start = text.begin();
-    for (;;) {
-        const auto end = std::find_if(start, text.end(), isLineBreak);
-        pieces.append(QStringView(start, end));
-        if (end == text.end())
-            return pieces;
-        start = end + 1;
+    m_piece = QStringView(m_rest.begin(), std::find_if(m_rest.begin(), m_rest.end(), isLineBreak));
+}
+
+LinePieces::Iterator& LinePieces::Iterator::operator++()
+{
+    m_done = m_piece.size() == m_rest.size();
+    if (!m_done) {
+        m_rest = m_rest.sliced(m_piece.size() + 1);
+        cut();
     }
+    return *this;
 }
 
 std::optional<SplitText> splitOnce(QStringView text, QChar separator)

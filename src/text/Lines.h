@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QList>
 #include <QStringView>
 
+#include <iterator>
 #include <optional>
 
 namespace morvak {
@@ -20,8 +20,39 @@ namespace morvak {
 /// `text` without horizontal white space at both ends.
 [[nodiscard]] QStringView trimmed(QStringView text);
 
-/// All pieces between line breaks, empty ones included: always one more than there are line breaks.
-[[nodiscard]] QList<QStringView> cutAtLineBreaks(QStringView text);
+/// The pieces of a text between line breaks, empty ones included: always one more than there are line
+/// breaks. A range that cuts while it is walked, so that a text of any length costs no memory.
+class LinePieces {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(QStringView rest) : m_rest(rest) { cut(); }
+
+        [[nodiscard]] QStringView operator*() const { return m_piece; }
+        Iterator& operator++();
+        [[nodiscard]] bool operator!=(std::default_sentinel_t) const { return !m_done; }
+
+    private:
+        void cut();
+
+        QStringView m_rest;  // the piece and all behind it
+        QStringView m_piece;
+        bool m_done = false;
+    };
+
+    explicit LinePieces(QStringView text) : m_text(text) {}
+
+    [[nodiscard]] Iterator begin() const { return Iterator(m_text); }
+    [[nodiscard]] std::default_sentinel_t end() const { return {}; }
+
+private:
+    QStringView m_text;
+};
+
+[[nodiscard]] inline LinePieces cutAtLineBreaks(QStringView text)
+{
+    return LinePieces(text);
+}
 
 struct SplitText {
     QStringView first;                  ///< never empty

@@ -2,6 +2,7 @@
 
 #include "platform/Diagnostics.h"
 #include "platform/FileName.h"
+#include "platform/FolderWalk.h"
 #include "store/ShootManager.h"
 #include "watch/PhotoTypes.h"
 
@@ -35,6 +36,8 @@ void FolderWatcher::prepareToQuit()
     m_batchTimer.stop();
     m_mainThread.close();
     m_pipeline.prepareToQuit();
+    for (const std::shared_ptr<BacklogRun>& run : std::as_const(m_backlogRuns))
+        run->giveUp();
 }
 
 void FolderWatcher::startWatching(const QString& path)
@@ -179,6 +182,13 @@ void FolderWatcher::processNewFile(const QString& at)
 QString FolderWatcher::pathOf(const QString& name) const
 {
     return m_watchPath.endsWith(u'/') ? m_watchPath + name : m_watchPath + u'/' + name;
+}
+
+/// The name under which the events of a photo come, when it lies in the watched folder.
+QString FolderWatcher::asWatched(const QString& path) const
+{
+    const QString name = lastPathComponent(path);
+    return isSameFolder(path.chopped(name.size()), m_watchPath) ? pathOf(name) : path;
 }
 
 void FolderWatcher::setWatchPath(const QString& path)

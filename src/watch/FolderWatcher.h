@@ -2,6 +2,7 @@
 
 #include "model/Shoot.h"
 #include "platform/MainThread.h"
+#include "watch/BacklogRun.h"
 #include "watch/EventBatcher.h"
 #include "watch/FileSignature.h"
 #include "watch/LogEntry.h"
@@ -71,6 +72,12 @@ public:
     /// Schedules the photo at an absolute path, unless it is no photo or under way already.
     void processNewFile(const QString& at);
 
+    /// Tags the photos below the folder `in` (absolute) that carry no headline yet, each with the set of
+    /// `shoot` that was active when it was last modified. Returns at once, with the run to observe and to
+    /// give up; `completion` is called once, unless the watcher goes first. Several runs may overlap.
+    std::shared_ptr<BacklogRun> processExistingFiles(const QString& in, const Shoot& shoot,
+                                                     BacklogRun::Completion completion);
+
     /// Adds a line to the log, later, on the main thread.
     void addLog(const QString& message, LogType type);
     void appendThumbnail(const QImage& image, const QString& filename);
@@ -103,12 +110,15 @@ private:
     void startBatchTimer();
     void seedSignatures(const QString& folder);
     QString pathOf(const QString& name) const;
+    QString asWatched(const QString& path) const;
     void stopStream();
     void setWatchPath(const QString& path);
 
+    [[nodiscard]] BacklogHands backlogHands();
     void cardActivated(const SetData& set);
+    void countTagged(const SetData& set);
     void photoTagged(const QString& name, const SetData& set, const QImage& thumbnail);
-    void taggingFailed(const QString& name);
+    void taggingFailed(const QString& name, const QString& line = QStringLiteral("❌ Tagging mislukt: "));
     void setTaggedCount(qint64 count);
     void setJustActivatedHeadline(const std::optional<QString>& headline);
 
@@ -134,6 +144,7 @@ private:
     QHash<QString, FileSignature> m_taggedSignatures;  // by absolute path
     MainThread m_mainThread;
     PhotoPipeline m_pipeline;
+    QList<std::shared_ptr<BacklogRun>> m_backlogRuns;
 };
 
 }  // namespace morvak

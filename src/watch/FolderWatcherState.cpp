@@ -81,18 +81,23 @@ void FolderWatcher::cardActivated(const SetData& set)
     addLog(QStringLiteral("📷 Set herkend uit foto: ") + set.headline(), LogType::success);
 }
 
-void FolderWatcher::photoTagged(const QString& name, const SetData& set, const QImage& thumbnail)
+void FolderWatcher::countTagged(const SetData& set)
 {
     setTaggedCount(m_taggedCount + 1);
-    m_lastTaggedFile = name;
-    Q_EMIT lastTaggedFileChanged();
     if (m_shootManager)
         m_shootManager->incrementTagCount(set.id);
+}
+
+void FolderWatcher::photoTagged(const QString& name, const SetData& set, const QImage& thumbnail)
+{
+    m_lastTaggedFile = name;
+    Q_EMIT lastTaggedFileChanged();
+    countTagged(set);
     addLog(QStringLiteral("✅ Getagd: %1 → %2").arg(name, set.headline()), LogType::success);
     appendThumbnail(thumbnail, name);
 }
 
-void FolderWatcher::taggingFailed(const QString& name)
+void FolderWatcher::taggingFailed(const QString& name, const QString& line)
 {
     if (lowerCaseExtension(name) == u"3fr")
         addLog(
@@ -102,7 +107,40 @@ void FolderWatcher::taggingFailed(const QString& name)
                 .arg(name),
             LogType::warning);
     else
-        addLog(QStringLiteral("❌ Tagging mislukt: ") + name, LogType::error);
+        addLog(line + name, LogType::error);
+}
+
+BacklogHands FolderWatcher::backlogHands()
+{
+    return {.readHeadline = m_services.readHeadline,
+            .write =
+                [this](const QString& path, const SetData& set, const QString& shootName,
+                       const std::function<void(bool)>& completion) {
+                    return m_pipeline.tagWith(asWatched(path), set, shootName, completion);
+                },
+            .tagged =
+                [this](const QString& name, const SetData& set) {
+                    countTagged(set);
+                    addLog(QStringLiteral("✅ Achteraf getagd: %1 → %2").arg(name, set.headline()),
+                           LogType::success);
+                },
+            .failed =
+                [this](const QString& name) {
+                    taggingFailed(name, QStringLiteral("❌ Achteraf taggen mislukt: "));
+                },
+            .log = [this](const QString& message, LogType type) { addLog(message, type); }};
+}
+
+std::shared_ptr<BacklogRun> FolderWatcher::processExistingFiles(const QString& in, const Shoot& shoot,
+                                                                BacklogRun::Completion completion)
+{
+    const auto run = std::make_shared<BacklogRun>(shoot, backlogHands(), m_mainThread);
+    m_backlogRuns.append(run);
+    run->start(in, [this, run = run.get(), completion](const BacklogScanSummary& summary) {
+        m_backlogRuns.removeIf([run](const auto& other) { return other.get() == run; });
+        completion(summary);
+    });
+    return run;
 }
 
 }  // namespace morvak

@@ -118,7 +118,7 @@ void PhotoPipeline::takeSet(PhotoRun& run)
     if (activateCard(run) && m_watcher.deleteQRCardAfterScan()) {
         discardCard(run);
     } else if (const std::optional<SetData> set = m_watcher.currentSet()) {
-        write(run, *set);
+        tag(run, *set);
     } else {
         const QString name = lastPathComponent(run.path);
         m_watcher.addLog(QStringLiteral("⚠️ Geen actieve set — %1 overgeslagen").arg(name),
@@ -160,32 +160,47 @@ void PhotoPipeline::discardCard(PhotoRun& run)
     });
 }
 
-void PhotoPipeline::write(PhotoRun& run, const SetData& set)
+void PhotoPipeline::tag(PhotoRun& run, const SetData& set)
 {
-    run.stage = PhotoRun::Stage::Writing;
     const ShootManager* const store = m_watcher.m_shootManager;
     const std::optional<Shoot> shoot = store ? store->activeShoot() : std::nullopt;
     const QString shootName = shoot ? shoot->name : QString();
-    diagnostic(QStringLiteral("🏷️ Tagging %1 with set: %2 (shoot: %3)")
-                   .arg(lastPathComponent(run.path), set.headline(), shootName));
+    const QString name = lastPathComponent(run.path);
+    diagnostic(
+        QStringLiteral("🏷️ Tagging %1 with set: %2 (shoot: %3)").arg(name, set.headline(), shootName));
+    write(run, set, shootName, [this, name, set, thumbnail = run.reading.thumbnail](bool tagged) {
+        if (tagged)
+            m_watcher.photoTagged(name, set, thumbnail);
+        else
+            m_watcher.taggingFailed(name);
+    });
+}
+
+bool PhotoPipeline::tagWith(const QString& path, const SetData& set, const QString& shootName,
+                            const std::function<void(bool tagged)>& completion)
+{
+    PhotoRun* const run = m_runs.add(path);
+    if (run)
+        write(*run, set, shootName, completion);
+    return run;
+}
+
+void PhotoPipeline::write(PhotoRun& run, const SetData& set, const QString& shootName,
+                          const std::function<void(bool tagged)>& completion)
+{
+    run.stage = PhotoRun::Stage::Writing;
     m_services.writeMetadata(run.path, set, shootName,
-                             [this, port = m_mainThread, number = run.number, set](bool ok) {
-                                 if (!port.isClosed())
-                                     written(number, set, ok);
+                             [this, port = m_mainThread, number = run.number, completion](bool ok) {
+                                 if (port.isClosed())
+                                     return;
+                                 completion(ok);
+                                 written(number, ok);
                              });
 }
 
-void PhotoPipeline::written(quint64 number, const SetData& set, bool ok)
+void PhotoPipeline::written(quint64 number, bool ok)
 {
-    const PhotoRun& run = *m_runs.find(number);
-    const QString name = lastPathComponent(run.path);
-    if (!ok) {
-        m_watcher.taggingFailed(name);
-        finishAndLookAgain(number);
-        return;
-    }
-    m_watcher.photoTagged(name, set, run.reading.thumbnail);
-    if (rememberSignature(run))
+    if (ok && rememberSignature(*m_runs.find(number)))
         finish(number);
     else
         finishAndLookAgain(number);

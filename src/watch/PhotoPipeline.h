@@ -25,6 +25,12 @@ public:
 
     /// Starts a run; false when the path has one.
     bool schedule(const QString& path);
+
+    /// Has a photo that was there already tagged with this set, and takes the events that this causes for
+    /// what they are. False, and `completion` is not called, when the path has a run.
+    bool tagWith(const QString& path, const SetData& set, const QString& shootName,
+                 const std::function<void(bool tagged)>& completion);
+
     [[nodiscard]] bool isScheduled(const QString& path) const { return m_runs.contains(path); }
 
     void noteEvent(const QString& path, FolderEvent::Kind kind, bool own)
@@ -44,8 +50,10 @@ private:
     void takeSet(PhotoRun& run);
     bool activateCard(const PhotoRun& run);
     void discardCard(PhotoRun& run);
-    void write(PhotoRun& run, const SetData& set);
-    void written(quint64 number, const SetData& set, bool ok);
+    void tag(PhotoRun& run, const SetData& set);
+    void write(PhotoRun& run, const SetData& set, const QString& shootName,
+               const std::function<void(bool tagged)>& completion);
+    void written(quint64 number, bool ok);
     bool rememberSignature(const PhotoRun& run);
     void finish(quint64 number);
     void finishAndLookAgain(quint64 number);

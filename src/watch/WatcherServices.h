@@ -22,6 +22,7 @@ struct WatcherServices {
     std::function<std::unique_ptr<FolderEventSource>(const QString& folder, FolderEventHandler handler)>
         openFolder;
     PhotoEyes eyes;
+    std::function<std::optional<QString>(const QString& path)> readHeadline;  ///< blocks; background threads
     std::function<void(const QString& to, const SetData& setData, const QString& shootName,
                        std::function<void(bool)> completion)>
         writeMetadata;

@@ -34,6 +34,8 @@ private Q_SLOTS:
 
     void givesThePhotosBytesAsTheyAre();
     void keepsAnswersApartThatComeInPieces();
+    void readsTheHeadline_data();
+    void readsTheHeadline();
     void runsTheToolOnceWhenTheReaderDies();
     void givesUpOnASilentReader();
     void givesNothingWithoutATool();
@@ -70,6 +72,31 @@ void TestPhotoReader::keepsAnswersApartThatComeInPieces()
     const QString photo = tool.photo(QStringLiteral("a.jpg"));
     for (int i = 0; i < 20; ++i)
         QCOMPARE(read(service, photo), QByteArray("    1 image files updated\n"));
+}
+
+void TestPhotoReader::readsTheHeadline_data()
+{
+    QTest::addColumn<QByteArray>("printed");
+    QTest::addColumn<std::optional<QString>>("headline");
+    const auto row = [](const char* what, const QByteArray& printed, const std::optional<QString>& headline) {
+        QTest::newRow(what) << printed << headline;
+    };
+    row("trimmed at both ends", "\xc2\xa0 Set 12 \xe2\x80\x94 Noord \t\xe2\x80\xa8\n",
+        QStringLiteral("Set 12 — Noord"));
+    row("nothing", "", std::nullopt);
+    row("only white space and line breaks", " \t \xc2\x85\r\n\n", std::nullopt);
+    row("no UTF-8", "Set 12 \xff\n", std::nullopt);
+}
+
+void TestPhotoReader::readsTheHeadline()
+{
+    QFETCH(QByteArray, printed);
+    const FakeTool tool("payload");
+    tool.control(QStringLiteral("payload"), printed);
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QTEST(std::async(std::launch::async, [&] { return service.readHeadline(photo); }).get(), "headline");
+    QCOMPARE(tool.count(QStringLiteral("request -s3|-XMP-photoshop:Headline|%1|").arg(photo)), 1);
 }
 
 void TestPhotoReader::runsTheToolOnceWhenTheReaderDies()

@@ -1,7 +1,7 @@
-#include "CapturedOutput.h"
-#include "FullDisk.h"
 #include "store/ShootManager.h"
 #include "store/StoreFile.h"
+#include "support/CapturedOutput.h"
+#include "support/FullDisk.h"
 #include "support/TestMain.h"
 
 #include <QDir>

@@ -1,9 +1,9 @@
+#include "RandomShoot.h"
 #include "store/StoreFile.h"
 #include "support/TestMain.h"
 
-#include <QRandomGenerator>
-
 using namespace morvak;
+using namespace morvak::test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -15,58 +15,6 @@ const QByteArray smallFile =
     R"({"id":"0A0B0C0D-0000-4000-8000-000000000003","name":"Chino","color":"navy"}],"model":"Anna","location":"S",)"
     R"("timestamp":785374817.123456,"taggedCount":9007199254740993,"email":"a@b"}],)"
     R"("watchFolderPath":"/p","activationLog":[{"setId":"0A0B0C0D-0000-4000-8000-000000000002","activatedAt":1.5}]}])";
-
-QByteArray with(QByteArray file, const char* before, const char* after)
-{
-    return file.contains(before) ? file.replace(before, after) : QByteArray();
-}
-
-QString randomText(QRandomGenerator& random)
-{
-    QString text;
-    for (int n = random.bounded(12); n > 0; --n) {
-        const quint32 kind = random.bounded(3u);
-        const quint32 end = kind == 0 ? 0x80 : kind == 1 ? 0x10000 : 0x30;
-        text += QChar(static_cast<char16_t>(random.bounded(end)));
-    }
-    return text;
-}
-
-double randomDate(QRandomGenerator& random)
-{
-    return random.generateDouble() * 1e9 - 1e8;
-}
-
-SetData randomSet(QRandomGenerator& random)
-{
-    SetData set;
-    set.setNumber = randomText(random);
-    set.brand = randomText(random);
-    for (int n = random.bounded(4); n > 0; --n)
-        set.items.append({.name = randomText(random), .color = randomText(random)});
-    set.model = randomText(random);
-    set.location = randomText(random);
-    set.timestamp = {randomDate(random)};
-    set.taggedCount = static_cast<qint64>(random.generate64());
-    set.email = randomText(random);
-    return set;
-}
-
-Shoot randomShoot(QRandomGenerator& random)
-{
-    Shoot shoot;
-    shoot.name = randomText(random);
-    shoot.location = randomText(random);
-    shoot.client = randomText(random);
-    shoot.date = {randomDate(random)};
-    for (int n = random.bounded(6); n > 0; --n) {
-        shoot.sets.append(randomSet(random));
-        shoot.activationLog.append({.setId = shoot.sets.last().id, .activatedAt = {randomDate(random)}});
-    }
-    if (random.bounded(2) == 0)
-        shoot.watchFolderPath = randomText(random);
-    return shoot;
-}
 
 }  // namespace
 

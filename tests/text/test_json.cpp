@@ -35,6 +35,7 @@ class TestJson : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void nestingAndCommas_data();
     void nestingAndCommas();
     void stringsReadBack_data();
     void stringsReadBack();
@@ -48,20 +49,44 @@ private Q_SLOTS:
     void firstFaultIsToldWithItsPlace();
 };
 
+void TestJson::nestingAndCommas_data()
+{
+    QTest::addColumn<JsonLayout>("layout");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("compact") << JsonLayout::compact
+                             << QByteArray(R"([{},{"a":[1,2],"b":"x","c":"y","d":[]},0.5])");
+    QTest::newRow("indented") << JsonLayout::indented << QByteArray(R"([
+  {},
+  {
+    "a": [
+      1,
+      2
+    ],
+    "b": "x",
+    "c": "y",
+    "d": []
+  },
+  0.5
+])");
+}
+
 void TestJson::nestingAndCommas()
 {
-    JsonWriter json;
+    QFETCH(const JsonLayout, layout);
+    JsonWriter json(layout);
+    const auto writeInteger = [&json](qint64 n) { json.integer(n); };
     json.beginArray();
     json.beginObject();
     json.endObject();
     json.beginObject();
-    json.key("a"_L1).list(QList<qint64>{1, 2}, [&json](qint64 n) { json.integer(n); });
+    json.key("a"_L1).list(QList<qint64>{1, 2}, writeInteger);
     json.key("b"_L1).text(u"x");
     json.key("c"_L1).plainText("y"_L1);
+    json.key("d"_L1).list(QList<qint64>(), writeInteger);
     json.endObject();
     json.number(0.5);
     json.endArray();
-    QCOMPARE(json.take(), QByteArray(R"([{},{"a":[1,2],"b":"x","c":"y"},0.5])"));
+    QTEST(json.take(), "expected");
 }
 
 void TestJson::stringsReadBack_data()
@@ -73,6 +98,7 @@ void TestJson::stringsReadBack_data()
     QTest::newRow("control characters")
         << u"\u0000a\n\u001F\u007F"_s << QByteArray("[\"\\u0000a\\u000a\\u001f\x7f\"]");
     QTest::newRow("beyond the BMP") << u"é👗\u2028"_s << QByteArray("[\"é👗\u2028\"]");
+    QTest::newRow("byte-order mark") << u"\uFEFFa"_s << QByteArray(R"(["\ufeffa"])");
     QTest::newRow("low surrogate of a file name") << u"a"_s + QChar(0xDCFF) << QByteArray(R"(["a\udcff"])");
     QTest::newRow("high surrogate alone, at the end")
         << QString(QChar(0xD83D)) << QByteArray(R"(["\ud83d"])");

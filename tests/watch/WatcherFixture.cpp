@@ -69,6 +69,7 @@ WatcherServices WatcherFixture::services()
         }
         return std::nullopt;
     };
+    result.readHeadline = [this](const QString& file) { return headlineOf(file); };
     result.writeMetadata = [this](const QString& to, const SetData& set, const QString& shootName,
                                   auto completion) {
         writes.append({lastPathComponent(to), set.headline(), shootName, completion});
@@ -92,22 +93,40 @@ WatcherServices WatcherFixture::services()
     return result;
 }
 
+void WatcherFixture::passGate(const QString& name)
+{
+    std::shared_ptr<QSemaphore> gate;
+    {
+        const QMutexLocker lock(&m_mutex);
+        gate = m_gates.value(name);
+    }
+    if (gate)
+        gate->acquire();
+}
+
 QByteArray WatcherFixture::answer(const QStringList& options, const QString& file)
 {
     if (options.constLast() != QStringLiteral("-PreviewImage"))
         return {};
     const QString name = lastPathComponent(file);
-    std::shared_ptr<QSemaphore> gate;
     int height = codelessHeight;
     {
         const QMutexLocker lock(&m_mutex);
-        gate = m_gates.value(name);
         if (m_cards.contains(name))
             height += int(qHash(name) % 500) + 1;
     }
-    if (gate)
-        gate->acquire();
+    passGate(name);
     return previewOfHeight(height);
+}
+
+/// What `replaceAsTheToolDoes` leaves in a photo.
+std::optional<QString> WatcherFixture::headlineOf(const QString& file)
+{
+    passGate(lastPathComponent(file));
+    QFile photo(file);
+    if (photo.open(QIODevice::ReadOnly) && photo.readAll().contains("+tags"))
+        return QStringLiteral("Set");
+    return std::nullopt;
 }
 
 QString WatcherFixture::put(const QString& name, const QByteArray& content)

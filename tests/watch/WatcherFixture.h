@@ -34,7 +34,7 @@ public:
     /// The photo shows this set card when it is looked at.
     void showCard(const QString& name, const QString& text);
 
-    /// Looking into the photo waits until `allowReading`.
+    /// Looking into the photo, or for its headline, waits until `allowReading`.
     void holdReading(const QString& name);
     void allowReading(const QString& name);
 
@@ -66,6 +66,8 @@ private:
 
     WatcherServices services();
     QByteArray answer(const QStringList& options, const QString& path);
+    std::optional<QString> headlineOf(const QString& path);
+    void passGate(const QString& name);
     void replaceAsTheToolDoes(const QString& name);
 
     FolderEventHandler m_handler;

@@ -1,6 +1,6 @@
-#include "CapturedOutput.h"
-#include "FullDisk.h"
-#include "store/KeptFile.h"
+#include "platform/KeptFile.h"
+#include "support/CapturedOutput.h"
+#include "support/FullDisk.h"
 #include "support/TestMain.h"
 
 #include <QDir>

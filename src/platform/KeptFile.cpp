@@ -1,4 +1,4 @@
-#include "store/KeptFile.h"
+#include "platform/KeptFile.h"
 
 #include "platform/Diagnostics.h"
 
@@ -47,6 +47,8 @@ QString commit(QSaveFile& target)
 
 QString writeAll(const QString& path, const QByteArray& content)
 {
+    if (content.size() > mostBytes)  // it could not be read back
+        return QStringLiteral("te groot");
     QSaveFile target(path);
     if (!target.open(replacing))
         return target.errorString();
