@@ -27,17 +27,22 @@ function(morvak_room name)
   target_link_libraries(morvak_${name} PUBLIC ${ARG_LINKS})
 endfunction()
 
-# morvak_test(ROOM SOURCES ... LINKS ... [TIMEOUT seconds]): one binary for the room's tests, one ctest
-# entry a source file. Every test gets the offscreen platform; the support library gives private XDG folders.
+# morvak_test(ROOM SOURCES ... LINKS ... [TIMEOUT seconds] [WIDGETS]): one binary for the room's tests, one
+# ctest entry a source file. Every test gets the offscreen platform; the support library gives private XDG
+# folders, and with WIDGETS an application that can show them.
 function(morvak_test room)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 120)
   endif()
   set(target test_${room})
   add_executable(${target} ${ARG_SOURCES})
   morvak_target_options(${target})
-  target_link_libraries(${target} PRIVATE morvak_test_support ${ARG_LINKS})
+  if(ARG_WIDGETS)
+    target_link_libraries(${target} PRIVATE morvak_widget_test_support ${ARG_LINKS})
+  else()
+    target_link_libraries(${target} PRIVATE morvak_test_support ${ARG_LINKS})
+  endif()
   foreach(source ${ARG_SOURCES})
     get_filename_component(subject ${source} NAME_WE)
     add_test(NAME ${room}.${subject} COMMAND ${target} --only ${subject})

@@ -12,7 +12,6 @@ namespace morvak {
 WatcherServices watcherServices(ExifToolService& exifTool)
 {
     WatcherServices services;
-    services.openFolder = watchFolder;
     services.eyes.tool.exists = [&exifTool] { return QFileInfo::exists(exifTool.findExifTool()); };
     services.eyes.tool.read = [&exifTool](const QStringList& options, const QString& path) {
         return exifTool.read(options, path);

@@ -1,60 +1,109 @@
-#include "app/WatcherWiring.h"
+#include "app/Composition.h"
+#include "app/SessionEnd.h"
+#include "app/StartOptions.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Diagnostics.h"
-#include "platform/ScanInput.h"
 #include "platform/Signals.h"
+#include "platform/SingleInstance.h"
 #include "platform/UserFolders.h"
-#include "store/ShootManager.h"
-#include "watch/FolderWatcher.h"
+#include "update/UpdateChecker.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QTimer>
+#include <QTranslator>
+
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
 
 #include <unistd.h>
 
 using namespace morvak;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-void takeScan(const QString& text, ShootManager& store, FolderWatcher& watcher)
-{
-    if (const std::optional<SetData> set = store.handleScanInput(text))
-        watcher.setCurrentSet(set);
-    else
-        diagnostic(QStringLiteral("⚠️ Scan bevat geen set — overgeslagen"));
-}
+constexpr std::chrono::milliseconds longestGoodbye(1000);
 
-/// The watcher's log, a line at a time as it grows.
-void printLog(const FolderWatcher& watcher)
+/// Where there is no display at all Morvak goes on without a window. Before the application is made.
+bool goesUnseen()
 {
-    QObject::connect(&watcher, &FolderWatcher::logChanged,
-                     [&watcher] { diagnostic(watcher.log().constFirst().message); });
-}
-
-int run(bool scanStandardInput)
-{
-    ExifToolService& exifTool = ExifToolService::shared();
-    ShootManager store(storeFolder() + QStringLiteral("/shoots.json"));
-    FolderWatcher watcher(watcherServices(exifTool));
-    printLog(watcher);
-    onQuitRequest(&watcher, [] { QCoreApplication::quit(); });
-
-    exifTool.start();
-    watcher.setShootManager(&store);
-    store.load();
-    watcher.applyWatchFolder(store.activeShoot());
-    if (watcher.watchPath().isEmpty())
-        diagnostic(QStringLiteral("⚠️ Geen map om te volgen: er is geen shoot met een map"));
-    std::optional<ScanInput> scanner;
-    if (scanStandardInput) {
-        scanner.emplace(STDIN_FILENO);
-        QObject::connect(&*scanner, &ScanInput::scanned,
-                         [&](const QString& text) { takeScan(text, store, watcher); });
+    for (const char* const display : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"}) {
+        if (!qEnvironmentVariableIsEmpty(display))
+            return false;
     }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    diagnostic(u"⚠️ Geen beeldscherm gevonden — Morvak werkt zonder venster"_s);
+    return true;
+}
 
-    const int status = QCoreApplication::exec();
-    watcher.prepareToQuit();
-    exifTool.terminateForAppQuit();
+/// The application object waits for name lookups that the update check has begun, which takes as long as the
+/// name server likes. Photos and stores are safe by then, so that nothing is lost by not waiting.
+void leaveSoon(int status)
+{
+    std::thread([status] {
+        std::this_thread::sleep_for(longestGoodbye);
+        std::_Exit(status);
+    }).detach();
+}
+
+std::variant<StartOptions, StartAnswer> readCommandLine(int argc, char** argv)
+{
+    return parseStartOptions(commandLineArguments(argc, argv),
+                             {.workingFolder = QDir::currentPath(),
+                              .version = QStringLiteral(MORVAK_VERSION),
+                              .shootsFile = storeFolder() + u"/shoots.json"_s,
+                              .preferencesFile = preferencesFile()});
+}
+
+/// Qt's own dialogs speak Dutch as well.
+void speakDutch(QApplication& application)
+{
+    auto* const texts = new QTranslator(&application);
+    if (texts->load(u"qtbase_nl"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(texts);
+}
+
+int answer(const StartAnswer& answer)
+{
+    const QByteArray text = answer.text.toUtf8();
+    std::fwrite(text.constData(), 1, std::size_t(text.size()), answer.exitCode == 0 ? stdout : stderr);
+    return answer.exitCode;
+}
+
+int run(const StartOptions& options, bool unseen, SingleInstance& instance)
+{
+    const bool isSeen = QGuiApplication::platformName() != u"offscreen"_s;
+    Composition morvak({.exifTool = ExifToolService::shared(),
+                        .updates = UpdateChecker::shared(),
+                        .storeFile = storeFolder() + u"/shoots.json"_s,
+                        .version = QStringLiteral(MORVAK_VERSION),
+                        .checksForUpdates = isSeen});
+    QObject::connect(&morvak, &Composition::quitAsked, qApp, [] { QCoreApplication::exit(); });
+    QObject::connect(&instance, &SingleInstance::activationAsked, &morvak, &Composition::bringToFront);
+    QObject::connect(&instance, &SingleInstance::filesHandedOver, &morvak,
+                     [&morvak](const QStringList& files) {
+                         morvak.bringToFront();
+                         morvak.openShootFiles(files);
+                     });
+
+    morvak.start();
+    if (unseen)
+        morvak.runUnseen();
+    else
+        morvak.showWindows(options.theme.value_or(Theme::Choice::system));
+    if (options.scanStdin)
+        morvak.readScans(STDIN_FILENO);
+    // With the event loop running, for a file that cannot be read is told of in a dialog.
+    QTimer::singleShot(0, &morvak, [&morvak, &options] {
+        morvak.openShootFiles(options.files);
+        if (options.exitAfterStartup)
+            QCoreApplication::exit();
+    });
+    const int status = QApplication::exec();
+    morvak.quit();
     return status;
 }
 
@@ -63,24 +112,36 @@ int run(bool scanStandardInput)
 int main(int argc, char** argv)
 {
     ignoreStraySignals();
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("Morvak"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MORVAK_VERSION));
+    const auto commandLine = readCommandLine(argc, argv);
+    if (const auto* const text = std::get_if<StartAnswer>(&commandLine))
+        return answer(*text);
+    const bool unseen = goesUnseen();
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Morvak"_s);
+    QApplication::setApplicationVersion(QStringLiteral(MORVAK_VERSION));
+    QApplication::setDesktopFileName(u"morvak"_s);
+    QApplication::setWindowIcon(Icons::logo());
+    // Morvak lives on in the tray when no window is left, and after whatever Qt has waited for.
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setQuitLockEnabled(false);
+    speakDutch(application);
+    quitWhenAsked(application);
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Geeft elke nieuwe foto in de map van de shoot de gegevens van de actieve set mee.\n\n"
-                       "Shoots:       %1/shoots.json\nVoorkeuren:   %2")
-            .arg(storeFolder(), preferencesFile()));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    const QCommandLineOption scanStdin(
-        QStringLiteral("scan-stdin"),
-        QStringLiteral("Lees scans van de standaardinvoer; een lege regel sluit een scan af."));
-    parser.addOption(scanStdin);
-    parser.process(application);
-
-    const int status = run(parser.isSet(scanStdin));
+    const StartOptions& options = std::get<StartOptions>(commandLine);
+    SingleInstance instance(storeFolder());
+    int status = 0;
+    switch (instance.start(options.files)) {
+        case SingleInstance::Outcome::First:
+            status = run(options, unseen, instance);
+            break;
+        case SingleInstance::Outcome::HandedOver:
+            break;
+        case SingleInstance::Outcome::Failed:
+            std::fprintf(stderr, "%s\n", qPrintable(instance.problem()));
+            status = 1;
+            break;
+    }
     flushDiagnostics(std::chrono::milliseconds(200));
+    leaveSoon(status);
     return status;
 }

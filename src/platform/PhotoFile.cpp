@@ -149,7 +149,7 @@ std::optional<FileState> regularFileState(const QString& path)
     struct stat info = {};
     if (::lstat(encodeFileName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return std::nullopt;
-    return FileState{quint64(info.st_size), nanoseconds(info.st_mtim)};
+    return FileState{quint64(info.st_size), nanoseconds(info.st_mtim), nanoseconds(info.st_ctim)};
 }
 
 std::optional<QStringList> folderEntries(const QString& folder)
@@ -158,12 +158,14 @@ std::optional<QStringList> folderEntries(const QString& folder)
     if (!dir)
         return std::nullopt;
     QStringList names;
+    errno = 0;
     while (const dirent* entry = ::readdir(dir.get())) {
         const QByteArrayView name(&entry->d_name[0]);
         if (name != "." && name != "..")
             names.append(decodeFileName(name));
+        errno = 0;
     }
-    return names;
+    return errno == 0 ? std::optional(names) : std::nullopt;
 }
 
 QSet<QString> heldForWriting(const QStringList& paths)

@@ -14,6 +14,7 @@ namespace morvak {
 struct FileState {
     quint64 size = 0;       ///< bytes
     qint64 modifiedNs = 0;  ///< modification time, nanoseconds since 1970-01-01T00:00:00 UTC
+    qint64 changedNs = 0;   ///< the same for what nobody can set: content, name, owner or rights changed
 };
 
 /// None when nothing is there, or when it is no regular file: a symbolic link, a folder, a pipe. Any thread.

@@ -6,15 +6,52 @@
 #include "store/ShootManager.h"
 #include "watch/PhotoTypes.h"
 
+#include <QDateTime>
+#include <QThreadPool>
+
 #include <algorithm>
+#include <limits>
 
 namespace morvak {
 
 using Clock = std::chrono::steady_clock;
 
+namespace {
+
+// Change times since which photos are new.
+constexpr qint64 everything = std::numeric_limits<qint64>::min();
+constexpr qint64 nothing = std::numeric_limits<qint64>::max();
+
+QString pathBelow(const QString& folder, const QString& name)
+{
+    return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
+}
+
+/// None when the folder cannot be listed.
+std::optional<QList<FoundFile>> photosIn(const QString& folder, const FileProbe& files)
+{
+    const std::optional<QStringList> names = folderEntries(folder);
+    if (!names)
+        return std::nullopt;
+    QList<FoundFile> photos;
+    for (const QString& name : *names) {
+        const QString path = pathBelow(folder, name);
+        if (!isPhotoName(name))
+            continue;
+        if (const std::optional<FileState> state = files.state(path))
+            photos.append({path, *state});
+    }
+    return photos;
+}
+
+}  // namespace
+
 FolderWatcher::FolderWatcher(WatcherServices services, QObject* parent)
     : QObject(parent),
       m_services(std::move(services)),
+      m_folder(m_services.folder, m_services.times.lookInterval,
+               {[this](const QList<FolderEvent>& events) { onFolderEvents(events); },
+                [this] { folderLost(); }, [this](WatchedFolder::Return kind) { folderBack(kind); }}),
       m_batcher(m_services.times.eventLatency),
       m_pipeline(*this, m_services, m_mainThread)
 {
@@ -32,7 +69,7 @@ FolderWatcher::~FolderWatcher()
 
 void FolderWatcher::prepareToQuit()
 {
-    m_stream.reset();
+    m_folder.close();
     m_batchTimer.stop();
     m_mainThread.close();
     m_pipeline.prepareToQuit();
@@ -44,39 +81,39 @@ void FolderWatcher::startWatching(const QString& path)
 {
     if (path.isEmpty())
         return;
-    stopStream();
+    stopWatching();
     setWatchPath(path);
     if (m_shootManager && m_shootManager->activeShootId())
         m_shootManager->setWatchFolder(path, *m_shootManager->activeShootId());
-    m_taggedSignatures.clear();
+    m_known.clear();
+    m_newSinceNs = everything;
+    ++m_lookNumber;
     if (path.startsWith(u'/'))
-        m_stream =
-            m_services.openFolder(path, [this](const QList<FolderEvent>& events) { onFolderEvents(events); });
-    if (!m_stream) {
+        m_folder.open(path);
+    if (isWatching()) {
+        addLog(QStringLiteral("Watching: ") + path, LogType::info);
+        seedKnownPhotos(path);
+        Q_EMIT isWatchingChanged();
+    } else if (folderMissing()) {
+        addLog(QStringLiteral("⚠️ Map niet gevonden: ") + path +
+                   QStringLiteral(" — Morvak begint vanzelf zodra de map er is"),
+               LogType::warning);
+        Q_EMIT folderMissingChanged();
+    } else {
         diagnostic(QStringLiteral("⚠️ Map kan niet gevolgd worden: ") + path);
-        return;
     }
-    addLog(QStringLiteral("Watching: ") + path, LogType::info);
-    seedSignatures(path);
-    Q_EMIT isWatchingChanged();
 }
 
 /// What lies in the folder already counts as handled. The folder is watched before it is listed: a photo that
 /// has had an event since is under way by now, and is no old one.
-void FolderWatcher::seedSignatures(const QString& folder)
+void FolderWatcher::seedKnownPhotos(const QString& folder)
 {
-    QHash<QString, FileSignature> present;
-    for (const QString& name : folderEntries(folder).value_or(QStringList())) {
-        const QString path = pathOf(name);
-        if (!isPhotoName(name))
-            continue;
-        if (const std::optional<FileState> state = m_services.files.state(path))
-            present.insert(path, FileSignature(*state));
-    }
-    m_stream->drain();
-    for (auto photo = present.cbegin(); photo != present.cend(); ++photo) {
-        if (!m_pipeline.isScheduled(photo.key()))
-            m_taggedSignatures.insert(photo.key(), photo.value());
+    const std::optional<QList<FoundFile>> present = photosIn(folder, m_services.files);
+    m_newSinceNs = present ? everything : nothing;
+    m_folder.drain();
+    for (const FoundFile& photo : present.value_or(QList<FoundFile>())) {
+        if (!m_pipeline.isScheduled(photo.path))
+            m_known.noteTagged(photo.path, photo.state);
     }
 }
 
@@ -88,43 +125,36 @@ void FolderWatcher::applyWatchFolder(const std::optional<Shoot>& forShoot)
     setTaggedCount(tagged);
     const QString folder = forShoot ? forShoot->watchFolderPath.value_or(QString()) : QString();
     if (folder.isEmpty()) {
-        stopStream();
+        stopWatching();
         setWatchPath(QString());
-    } else if (folder != m_watchPath || !isWatching()) {
+    } else if (folder != m_watchPath || !(isWatching() || folderMissing())) {
         startWatching(folder);
     }
 }
 
-void FolderWatcher::stopStream()
+void FolderWatcher::stopWatching()
 {
+    const bool wasWatching = isWatching();
+    const bool wasMissing = folderMissing();
     m_batchTimer.stop();
     m_batcher.clear();
-    if (!m_stream)
-        return;
-    m_stream.reset();
-    Q_EMIT isWatchingChanged();
-}
-
-void FolderWatcher::readEvents()
-{
-    if (m_stream)
-        m_stream->drain();
+    m_folder.close();
+    if (wasWatching)
+        Q_EMIT isWatchingChanged();
+    if (wasMissing)
+        Q_EMIT folderMissingChanged();
 }
 
 void FolderWatcher::onFolderEvents(const QList<FolderEvent>& events)
 {
-    bool lost = false;
-    bool gone = false;
+    bool missed = false;
     for (const FolderEvent& event : events) {
-        lost |= event.kind == FolderEvent::Kind::Overflow;
-        gone |= event.kind == FolderEvent::Kind::FolderGone;
+        missed |= event.kind == FolderEvent::Kind::Overflow;
         takeEvent(event);
     }
-    if (lost)
-        handOnEverythingUnknown();
-    if (gone) {
-        diagnostic(QStringLiteral("⚠️ Map verdwenen: ") + m_watchPath);
-        stopStream();
+    if (missed) {
+        diagnostic(QStringLiteral("⚠️ Mapgebeurtenissen gemist — map opnieuw bekeken: ") + m_watchPath);
+        lookThroughFolder(everything);
     }
     startBatchTimer();
 }
@@ -160,17 +190,63 @@ void FolderWatcher::handOn(const QString& path)
     const std::optional<FileState> state = m_services.files.state(path);
     if (!state)
         return;
-    const auto known = m_taggedSignatures.constFind(path);
-    if (known != m_taggedSignatures.constEnd() && *known == FileSignature(*state))
-        return;
-    processNewFile(path);
+    if (!m_known.isTaggedAs(path, *state))
+        processNewFile(path);
 }
 
-void FolderWatcher::handOnEverythingUnknown()
+void FolderWatcher::folderLost()
 {
-    diagnostic(QStringLiteral("⚠️ Mapgebeurtenissen gemist — map opnieuw bekeken: ") + m_watchPath);
-    for (const QString& name : folderEntries(m_watchPath).value_or(QStringList()))
-        handOn(pathOf(name));
+    m_batchTimer.stop();
+    m_batcher.clear();
+    m_lostAtNs = QDateTime::currentMSecsSinceEpoch() * 1'000'000;
+    addLog(QStringLiteral("⚠️ Map verdwenen: ") + m_watchPath +
+               QStringLiteral(" — Morvak gaat vanzelf verder zodra de map terug is"),
+           LogType::warning);
+    Q_EMIT isWatchingChanged();
+    Q_EMIT folderMissingChanged();
+}
+
+/// What arrived in the meantime is new; what another drive or folder brings along in its place is not. The
+/// margin covers clocks that differ and the photos that were under way when the folder vanished.
+void FolderWatcher::folderBack(WatchedFolder::Return kind)
+{
+    constexpr qint64 marginNs = 60'000'000'000;
+    addLog(QStringLiteral("Watching: ") + m_watchPath, LogType::info);
+    lookThroughFolder(kind == WatchedFolder::Return::FirstSeen ? nothing : m_lostAtNs - marginNs);
+    Q_EMIT isWatchingChanged();
+    Q_EMIT folderMissingChanged();
+}
+
+/// Finds the photos that no event told of. Those changed before `newSinceNs` count as present, also when the
+/// folder vanishes before they are found and another look finds them.
+void FolderWatcher::lookThroughFolder(qint64 newSinceNs)
+{
+    m_newSinceNs = std::max(m_newSinceNs, newSinceNs);
+    QThreadPool::globalInstance()->start(
+        [this, port = m_mainThread, folder = m_watchPath, files = m_services.files, number = ++m_lookNumber] {
+            port.post([this, number, found = photosIn(folder, files)] {
+                if (number == m_lookNumber && isWatching() && found)
+                    takeFound(*found);
+            });
+        });
+}
+
+void FolderWatcher::takeFound(const QList<FoundFile>& photos)
+{
+    m_folder.drain();
+    const qint64 newSinceNs = std::exchange(m_newSinceNs, everything);
+    for (const FoundFile& photo : photos) {
+        if (m_pipeline.isScheduled(photo.path) || !m_known.isNew(photo.path, photo.state))
+            continue;
+        // It may have moved on since it was found, up to its tag.
+        const std::optional<FileState> now = m_services.files.state(photo.path);
+        if (!now || !m_known.isNew(photo.path, *now))
+            continue;
+        if (now->changedNs >= newSinceNs)
+            processNewFile(photo.path);
+        else
+            m_known.noteTagged(photo.path, *now);
+    }
 }
 
 void FolderWatcher::processNewFile(const QString& at)
@@ -181,7 +257,7 @@ void FolderWatcher::processNewFile(const QString& at)
 
 QString FolderWatcher::pathOf(const QString& name) const
 {
-    return m_watchPath.endsWith(u'/') ? m_watchPath + name : m_watchPath + u'/' + name;
+    return pathBelow(m_watchPath, name);
 }
 
 /// The name under which the events of a photo come, when it lies in the watched folder.

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "model/Shoot.h"
+#include "platform/FolderWalk.h"
 #include "platform/MainThread.h"
 #include "watch/BacklogRun.h"
 #include "watch/EventBatcher.h"
-#include "watch/FileSignature.h"
+#include "watch/KnownPhotos.h"
 #include "watch/LogEntry.h"
 #include "watch/PhotoPipeline.h"
+#include "watch/WatchedFolder.h"
 #include "watch/WatcherServices.h"
 
-#include <QHash>
 #include <QImage>
 #include <QObject>
 #include <QTimer>
@@ -37,7 +38,9 @@ public:
     ~FolderWatcher() override;
 
     [[nodiscard]] const QString& watchPath() const { return m_watchPath; }  ///< empty when none
-    [[nodiscard]] bool isWatching() const { return m_stream != nullptr; }
+    [[nodiscard]] bool isWatching() const { return m_folder.isOpen(); }
+    /// The folder at `watchPath` is not there; watching begins by itself when it is.
+    [[nodiscard]] bool folderMissing() const { return m_folder.isMissing(); }
     [[nodiscard]] qint64 taggedCount() const { return m_taggedCount; }
     [[nodiscard]] int setCount() const { return m_setCount; }  ///< sets activated by a photographed card
     [[nodiscard]] const QString& lastTaggedFile() const { return m_lastTaggedFile; }
@@ -62,11 +65,16 @@ public:
     void setDeleteQRCardAfterScan(bool enabled);
 
     /// Watches the folder at an absolute path and records it in the active shoot. What lies there already
-    /// counts as handled. An empty path is ignored; a folder that cannot be watched leaves `isWatching`
-    /// false.
+    /// counts as handled, also when the folder is missing and appears later. When it vanishes and comes back,
+    /// the photos that arrived meanwhile are tagged. An empty path is ignored; a folder that is there and
+    /// cannot be watched leaves `isWatching` false.
     void startWatching(const QString& path);
 
-    /// Follows the active shoot: watches its folder, or nothing when it has none.
+    /// Hears of no further photo until watching is started again; those under way finish. `watchPath` stays.
+    void stopWatching();
+
+    /// Follows the active shoot: watches its folder, or nothing when it has none. The folder that is watched
+    /// or waited for already is left as it is.
     void applyWatchFolder(const std::optional<Shoot>& forShoot);
 
     /// Schedules the photo at an absolute path, unless it is no photo or under way already.
@@ -80,6 +88,7 @@ public:
 
     /// Adds a line to the log, later, on the main thread.
     void addLog(const QString& message, LogType type);
+    void clearLog();
     void appendThumbnail(const QImage& image, const QString& filename);
 
     /// First step of the quit: no event, no new run, no post reaches the watcher any more.
@@ -88,6 +97,7 @@ public:
 Q_SIGNALS:
     void watchPathChanged();
     void isWatchingChanged();
+    void folderMissingChanged();
     void taggedCountChanged();
     void setCountChanged();
     void lastTaggedFileChanged();
@@ -103,15 +113,16 @@ private:
 
     void onFolderEvents(const QList<FolderEvent>& events);
     void takeEvent(const FolderEvent& event);
-    void readEvents();
     void handOnDue();
     void handOn(const QString& path);
-    void handOnEverythingUnknown();
     void startBatchTimer();
-    void seedSignatures(const QString& folder);
+    void folderLost();
+    void folderBack(WatchedFolder::Return kind);
+    void seedKnownPhotos(const QString& folder);
+    void lookThroughFolder(qint64 newSinceNs);
+    void takeFound(const QList<FoundFile>& photos);
     QString pathOf(const QString& name) const;
     QString asWatched(const QString& path) const;
-    void stopStream();
     void setWatchPath(const QString& path);
 
     [[nodiscard]] BacklogHands backlogHands();
@@ -136,12 +147,15 @@ private:
     bool m_qrDetectionEnabled = true;
     bool m_deleteQRCardAfterScan = false;
 
-    std::unique_ptr<FolderEventSource> m_stream;
+    WatchedFolder m_folder;
+    qint64 m_lostAtNs = 0;    // as a change time of files
+    qint64 m_newSinceNs = 0;  // likewise: for the next photos that looking through the folder finds
+    quint64 m_lookNumber = 0;
     EventBatcher m_batcher;
     OwnRenames m_ownRenames;
     QTimer m_batchTimer;
     QTimer m_bannerTimer;
-    QHash<QString, FileSignature> m_taggedSignatures;  // by absolute path
+    KnownPhotos m_known;
     MainThread m_mainThread;
     PhotoPipeline m_pipeline;
     QList<std::shared_ptr<BacklogRun>> m_backlogRuns;

@@ -25,6 +25,12 @@ void FolderWatcher::addLog(const QString& message, LogType type)
     });
 }
 
+void FolderWatcher::clearLog()
+{
+    m_log.clear();
+    Q_EMIT logChanged();
+}
+
 void FolderWatcher::appendThumbnail(const QImage& image, const QString& filename)
 {
     const QImage thumbnail = makeThumbnail(image);

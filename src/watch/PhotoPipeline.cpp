@@ -59,9 +59,8 @@ void PhotoPipeline::sizeSettled(quint64 number, quint64 size)
     PhotoRun* const run = m_runs.find(number);
     const QString name = lastPathComponent(run->path);
     diagnostic(QStringLiteral("📁 Bestand stabiel: %1 (%2KB)").arg(name, QString::number(size / 1024)));
-    if (const auto old = m_watcher.m_taggedSignatures.constFind(run->path);
-        old != m_watcher.m_taggedSignatures.constEnd()) {
-        if (old->size == size) {
+    if (const std::optional<quint64> old = m_watcher.m_known.taggedSize(run->path)) {
+        if (*old == size) {
             finish(number);
             return;
         }
@@ -78,10 +77,12 @@ void PhotoPipeline::sizeSettled(quint64 number, quint64 size)
 
 void PhotoPipeline::stillHeld(quint64 number)
 {
-    const QString name = lastPathComponent(m_runs.find(number)->path);
+    const QString path = m_runs.find(number)->path;
+    const QString name = lastPathComponent(path);
     m_watcher.addLog(
         QStringLiteral("⚠️ Bestand gelocked door ander process — %1 overgeslagen").arg(name),
         LogType::warning);
+    noteDealtWith(path);
     finishAndLookAgain(number);
 }
 
@@ -123,6 +124,7 @@ void PhotoPipeline::takeSet(PhotoRun& run)
         const QString name = lastPathComponent(run.path);
         m_watcher.addLog(QStringLiteral("⚠️ Geen actieve set — %1 overgeslagen").arg(name),
                          LogType::warning);
+        noteDealtWith(run.path);
         finish(run.number);
     }
 }
@@ -149,12 +151,15 @@ void PhotoPipeline::discardCard(PhotoRun& run)
     run.stage = PhotoRun::Stage::Trashing;
     m_processingQueue.start([this, number = run.number, path = run.path] {
         const bool moved = m_services.moveToTrash(path);
-        m_mainThread.post([this, number, moved, name = lastPathComponent(path)] {
-            if (moved)
+        m_mainThread.post([this, number, moved, path] {
+            const QString name = lastPathComponent(path);
+            if (moved) {
                 m_watcher.addLog(QStringLiteral("🗑️ QR-kaart naar prullenbak: ") + name, LogType::info);
-            else
+            } else {
                 m_watcher.addLog(QStringLiteral("⚠️ Kon QR-kaart niet verwijderen: ") + name,
                                  LogType::warning);
+                noteDealtWith(path);
+            }
             finish(number);
         });
     });
@@ -200,10 +205,15 @@ void PhotoPipeline::write(PhotoRun& run, const SetData& set, const QString& shoo
 
 void PhotoPipeline::written(quint64 number, bool ok)
 {
-    if (ok && rememberSignature(*m_runs.find(number)))
+    const PhotoRun& run = *m_runs.find(number);
+    if (ok && rememberSignature(run)) {
         finish(number);
-    else
-        finishAndLookAgain(number);
+        return;
+    }
+    // A photo whose folder has vanished gets another chance when it is back.
+    if (!ok && m_services.files.state(run.path))
+        noteDealtWith(run.path);
+    finishAndLookAgain(number);
 }
 
 /// Stores the state in which the photo was tagged; false when somebody changed it after the tool was done, so
@@ -212,10 +222,20 @@ bool PhotoPipeline::rememberSignature(const PhotoRun& run)
 {
     const std::optional<FileState> state = m_services.files.state(run.path);
     // Whatever happened before that look at the file is among the events when it is read now.
-    m_watcher.readEvents();
-    if (state && !run.changedAfterTagging)
-        m_watcher.m_taggedSignatures.insert(run.path, FileSignature(*state));
-    return !run.changedAfterTagging;
+    m_watcher.m_folder.drain();
+    if (run.changedAfterTagging)
+        return false;
+    if (state)
+        m_watcher.m_known.noteTagged(run.path, *state);
+    else
+        m_watcher.m_known.noteDealtWith(run.path, state);
+    return true;
+}
+
+/// Left as it is until somebody changes it or asks for it, also when the whole folder is looked through.
+void PhotoPipeline::noteDealtWith(const QString& path)
+{
+    m_watcher.m_known.noteDealtWith(path, m_services.files.state(path));
 }
 
 void PhotoPipeline::finish(quint64 number)

@@ -55,6 +55,7 @@ private:
                const std::function<void(bool tagged)>& completion);
     void written(quint64 number, bool ok);
     bool rememberSignature(const PhotoRun& run);
+    void noteDealtWith(const QString& path);
     void finish(quint64 number);
     void finishAndLookAgain(quint64 number);
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "model/SetData.h"
-#include "platform/FolderEvents.h"
 #include "watch/PhotoReading.h"
 #include "watch/WaitingRoom.h"
+#include "watch/WatchedFolder.h"
 
 #include <chrono>
 #include <functional>
-#include <memory>
+#include <optional>
 
 namespace morvak {
 
@@ -15,12 +15,12 @@ namespace morvak {
 struct WatcherTimes {
     std::chrono::milliseconds eventLatency{500};
     std::chrono::milliseconds bannerTime{1800};
+    std::chrono::milliseconds lookInterval{1000};  ///< between two looks for a missing folder
 };
 
 /// Everything the watcher reaches outside itself, handed to it by the application; tests hand in their own.
 struct WatcherServices {
-    std::function<std::unique_ptr<FolderEventSource>(const QString& folder, FolderEventHandler handler)>
-        openFolder;
+    FolderSources folder;
     PhotoEyes eyes;
     std::function<std::optional<QString>(const QString& path)> readHeadline;  ///< blocks; background threads
     std::function<void(const QString& to, const SetData& setData, const QString& shootName,

@@ -1,13 +1,23 @@
 #include "TestMain.h"
 
 #include <QFileInfo>
+#ifdef MORVAK_WIDGETS
+#include <QApplication>
+#else
 #include <QGuiApplication>
+#endif
 #include <QTemporaryDir>
 
 #include <memory>
 #include <vector>
 
 namespace {
+
+#ifdef MORVAK_WIDGETS
+using Application = QApplication;
+#else
+using Application = QGuiApplication;
+#endif
 
 struct Entry {
     QString subject;
@@ -43,8 +53,8 @@ int main(int argc, char** argv)
 {
     const QTemporaryDir root;
     usePrivateFolders(root);
-    const QGuiApplication application(argc, argv);
-    QStringList arguments = QGuiApplication::arguments();
+    const Application application(argc, argv);
+    QStringList arguments = Application::arguments();
     QString only;
     if (const auto at = arguments.indexOf(QStringLiteral("--only")); at > 0 && at + 1 < arguments.size()) {
         only = arguments.at(at + 1);

@@ -4,6 +4,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QTimer>
 
 namespace morvak::test {
 
@@ -46,17 +47,45 @@ WatcherFixture::WatcherFixture() : store(data.filePath(QStringLiteral("shoots.js
     watcher->setShootManager(&store);
 }
 
-WatcherServices WatcherFixture::services()
+class WatcherFixture::ScriptedFollower final : public FolderFollower {
+public:
+    explicit ScriptedFollower(WatcherFixture& fixture) : m_fixture(fixture) {}
+    ~ScriptedFollower() override { m_fixture.m_placeHandler = nullptr; }
+    Q_DISABLE_COPY_MOVE(ScriptedFollower)
+    void look() override
+    {
+        ++m_fixture.looks;
+        QTimer::singleShot(0, &m_alive, [this] { m_fixture.tellPlace(); });
+    }
+
+private:
+    WatcherFixture& m_fixture;
+    QObject m_alive;
+};
+
+FolderSources WatcherFixture::folderSources()
 {
-    WatcherServices result;
-    result.openFolder = [this](const QString&,
-                               FolderEventHandler handler) -> std::unique_ptr<FolderEventSource> {
+    FolderSources sources;
+    sources.openEvents = [this](const QString&,
+                                FolderEventHandler handler) -> std::unique_ptr<FolderEventSource> {
         ++foldersOpened;
         if (!folderCanBeOpened)
             return nullptr;
         m_handler = std::move(handler);
         return std::make_unique<ScriptedFolder>(*this);
     };
+    sources.find = [this](const QString&) { return place; };
+    sources.follow = [this](const QString&, FolderPlaceHandler handler) {
+        m_placeHandler = std::move(handler);
+        return std::make_unique<ScriptedFollower>(*this);
+    };
+    return sources;
+}
+
+WatcherServices WatcherFixture::services()
+{
+    WatcherServices result;
+    result.folder = folderSources();
     result.eyes.tool.exists = [] { return true; };
     result.eyes.tool.read = [this](const QStringList& options, const QString& file) {
         return answer(options, file);
@@ -83,6 +112,12 @@ WatcherServices WatcherFixture::services()
         return trashWorks && QFile::remove(file);
     };
     result.playSound = [this] { ++sounds; };
+    result.files.state = [](const QString& file) {
+        std::optional<FileState> state = regularFileState(file);
+        if (state && lastPathComponent(file).startsWith(QStringLiteral("ancient")))
+            state->changedNs = 0;
+        return state;
+    };
     result.files.held = [this](const QStringList& paths) {
         const QMutexLocker lock(&m_mutex);
         return QSet<QString>(paths.begin(), paths.end()).intersect(m_held);
@@ -90,6 +125,7 @@ WatcherServices WatcherFixture::services()
     result.waitLimits.interval = std::chrono::milliseconds(2);
     result.times.eventLatency = std::chrono::milliseconds(20);
     result.times.bannerTime = std::chrono::milliseconds(50);
+    result.times.lookInterval = std::chrono::milliseconds(2);
     return result;
 }
 
@@ -142,6 +178,18 @@ void WatcherFixture::tell(FolderEvent::Kind kind, const QString& name, quint32 r
 {
     if (const FolderEventHandler handler = m_handler)
         handler({{kind, name, renameId}});
+}
+
+void WatcherFixture::tellPlace()
+{
+    if (const FolderPlaceHandler handler = m_placeHandler)
+        handler(place);
+}
+
+void WatcherFixture::vanish()
+{
+    place.reset();
+    tell(FolderEvent::Kind::FolderGone);
 }
 
 void WatcherFixture::arrive(const QString& name, const QByteArray& content)

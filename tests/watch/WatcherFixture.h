@@ -24,12 +24,17 @@ public:
 
     WatcherFixture();
 
-    /// Puts a photo into the folder; the next one under the same name is a new file.
+    /// Puts a photo into the folder; the next one under the same name is a new file. One that is called
+    /// ancient... looks as if nothing had changed it for years.
     QString put(const QString& name, const QByteArray& content = "photo");
     [[nodiscard]] QString path(const QString& name) const { return folder.path() + u'/' + name; }
 
     void tell(FolderEvent::Kind kind, const QString& name = {}, quint32 renameId = 0);
     void arrive(const QString& name, const QByteArray& content = "photo");
+
+    /// The kernel tells where the path leads now.
+    void tellPlace();
+    void vanish();
 
     /// The photo shows this set card when it is looked at.
     void showCard(const QString& name, const QString& text);
@@ -59,11 +64,15 @@ public:
     int foldersOpened = 0;
     bool folderCanBeOpened = true;
     std::function<void()> onDrain;
+    std::optional<FolderPlace> place = FolderPlace{1, 7, "/drive/shoot", "/drive"};  ///< what looking finds
+    int looks = 0;
     std::optional<FolderWatcher> watcher;
 
 private:
     class ScriptedFolder;
+    class ScriptedFollower;
 
+    FolderSources folderSources();
     WatcherServices services();
     QByteArray answer(const QStringList& options, const QString& path);
     std::optional<QString> headlineOf(const QString& path);
@@ -71,6 +80,7 @@ private:
     void replaceAsTheToolDoes(const QString& name);
 
     FolderEventHandler m_handler;
+    FolderPlaceHandler m_placeHandler;
     quint32 m_lastRename = 0;
     mutable QMutex m_mutex;  // guards what the pool and the waiting room ask for
     QSet<QString> m_held;

@@ -1,0 +1,112 @@
+#include "ui/DesktopDialogs.h"
+
+#include "ui/blocks/SheetFrame.h"
+#include "ui/blocks/TextLook.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace morvak {
+
+namespace {
+
+std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title)
+{
+    auto dialog = std::make_unique<QFileDialog>(parent, title);
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setLabelText(QFileDialog::Reject, DesktopDialogs::tr("Annuleer"));
+    dialog->setLabelText(QFileDialog::LookIn, DesktopDialogs::tr("In:"));
+    dialog->setLabelText(QFileDialog::FileName, DesktopDialogs::tr("Naam:"));
+    dialog->setLabelText(QFileDialog::FileType, DesktopDialogs::tr("Soort:"));
+    return dialog;
+}
+
+QString chosenFile(QFileDialog& dialog)
+{
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+QString DesktopDialogs::chooseFolder(QWidget* parent, const QString& title, const QString& acceptLabel,
+                                     const QString& startFolder)
+{
+    const auto dialog = fileDialog(parent, title);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, acceptLabel);
+    if (!startFolder.isEmpty())
+        dialog->setDirectory(startFolder);
+    return chosenFile(*dialog);
+}
+
+QString DesktopDialogs::openFile(QWidget* parent, const QString& title, const QString& filter)
+{
+    const auto dialog = fileDialog(parent, title);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(filter);
+    dialog->setLabelText(QFileDialog::Accept, tr("Open"));
+    return chosenFile(*dialog);
+}
+
+QString DesktopDialogs::saveFile(QWidget* parent, const QString& title, const QString& proposedName,
+                                 const QString& filter, const QString& extension)
+{
+    const auto dialog = fileDialog(parent, title);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setNameFilter(filter);
+    dialog->setLabelText(QFileDialog::Accept, tr("Bewaar"));
+    dialog->selectFile(asFileName(proposedName));
+    const QString chosen = chosenFile(*dialog);
+    if (chosen.isEmpty())
+        return {};
+    const QString path = withExtension(chosen, extension);
+    // The chooser asked about the name as typed; with its extension it may be another file.
+    const bool replacesUnasked = path != chosen && QFileInfo::exists(path);
+    if (replacesUnasked && !confirm(parent, tr("“%1” bestaat al").arg(QFileInfo(path).fileName()),
+                                    tr("Wil je het bestand vervangen?"), tr("Vervang")))
+        return {};
+    return path;
+}
+
+bool DesktopDialogs::confirm(QWidget* parent, const QString& title, const QString& message,
+                             const QString& destructiveLabel)
+{
+    SheetFrame question(title, parent);
+    question.content()->addWidget(makeText(message, TextStyle::body, Role::text, true));
+    const QPushButton* const destroy = question.addSideButton(destructiveLabel, ButtonKind::danger);
+    QObject::connect(destroy, &QPushButton::clicked, &question, &QDialog::accept);
+    QPushButton* const cancel = question.setCancelButton(tr("Annuleer"));
+    cancel->setDefault(true);
+    cancel->setFocus();
+    return question.exec() == QDialog::Accepted;
+}
+
+void DesktopDialogs::alert(QWidget* parent, const QString& title, const QString& message)
+{
+    SheetFrame sheet(title, parent);
+    sheet.content()->addWidget(makeText(message, TextStyle::body, Role::text, true));
+    sheet.setPrimaryButton(tr("OK"));
+    sheet.exec();
+}
+
+QString withExtension(const QString& path, const QString& extension)
+{
+    const QString ending = u'.' + extension;
+    return path.endsWith(ending, Qt::CaseInsensitive) ? path : path + ending;
+}
+
+QString asFileName(const QString& proposedName)
+{
+    QString name = proposedName;
+    return name.replace(u'/', u'-');
+}
+
+}  // namespace morvak

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+
+namespace morvak {
+
+class Dialogs;
+class FolderWatcher;
+class ShootManager;
+class Theme;
+class UpdateChecker;
+
+/// Everything that the screens are handed by the application. All of it outlives them.
+struct UiServices {
+    ShootManager& shoots;
+    FolderWatcher& watcher;
+    UpdateChecker& updates;
+    Theme& theme;
+    Dialogs& dialogs;
+    QString version;                  ///< "1.0.0"
+    std::function<void()> startTool;  ///< the metadata bridge, after a stop
+    std::function<void()> stopTool;
+    std::function<void(const QUrl&)> openInBrowser;
+};
+
+}  // namespace morvak

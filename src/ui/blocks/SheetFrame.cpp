@@ -1,0 +1,176 @@
+#include "ui/blocks/SheetFrame.h"
+
+#include "ui/blocks/TextLook.h"
+#include "ui/theme/Metrics.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace morvak {
+
+namespace {
+
+constexpr int smallestLimit = 240;
+/// Room for focus rings, which a scroll area would cut at its edge.
+constexpr int ringRoom = 2;
+
+void indent(QBoxLayout& row)
+{
+    row.setContentsMargins(ringRoom, 0, ringRoom, 0);
+}
+
+}  // namespace
+
+SheetFrame::SheetFrame(const QString& title, QWidget* window)
+    : QDialog(window),
+      m_title(makeText({}, TextStyle::title, Role::text, true)),
+      m_scroll(new QScrollArea),
+      m_content(new QVBoxLayout),
+      m_sideButtons(new QHBoxLayout),
+      m_mainButtons(new QHBoxLayout)
+{
+    setWindowModality(Qt::WindowModal);
+    setTitle(title);
+
+    auto* const inside = new QWidget;
+    inside->setLayout(m_content);
+    inside->installEventFilter(this);
+    m_content->setContentsMargins(ringRoom, ringRoom, ringRoom, ringRoom);
+    m_content->setSpacing(metrics::betweenGroups);
+    m_scroll->setWidget(inside);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setMinimumHeight(1);  // a single line may be all there is
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto* const heading = new QHBoxLayout;
+    indent(*heading);
+    heading->addWidget(m_title);
+    auto* const buttons = new QHBoxLayout;
+    indent(*buttons);
+    m_sideButtons->setSpacing(metrics::inGroup);
+    m_mainButtons->setSpacing(metrics::inGroup);
+    buttons->addLayout(m_sideButtons);
+    buttons->addStretch(1);
+    buttons->addLayout(m_mainButtons);
+
+    auto* const column = new QVBoxLayout(this);
+    constexpr int sideMargin = metrics::sheetMargin - ringRoom;
+    column->setContentsMargins(sideMargin, metrics::sheetMargin, sideMargin, metrics::sheetMargin);
+    column->setSpacing(metrics::betweenGroups);
+    column->addLayout(heading);
+    column->addWidget(m_scroll, 1);
+    column->addLayout(buttons);
+
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            if (m_primary)
+                m_primary->click();
+        });
+    }
+}
+
+QPushButton* SheetFrame::setPrimaryButton(const QString& label)
+{
+    Q_ASSERT(!m_primary);
+    m_primary = makeButton(label, ButtonKind::primary);
+    m_primary->setDefault(true);
+    m_mainButtons->addWidget(m_primary);
+    connect(m_primary, &QPushButton::clicked, this, &QDialog::accept);
+    return m_primary;
+}
+
+QPushButton* SheetFrame::setCancelButton(const QString& label)
+{
+    QPushButton* const cancel = makeButton(label);
+    m_mainButtons->insertWidget(0, cancel);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    return cancel;
+}
+
+QPushButton* SheetFrame::addSideButton(const QString& label, ButtonKind kind)
+{
+    QPushButton* const button = makeButton(label, kind);
+    m_sideButtons->addWidget(button);
+    return button;
+}
+
+void SheetFrame::setContentWidth(int width)
+{
+    m_contentWidth = width;
+    if (isVisible())
+        fitToWindow();
+}
+
+void SheetFrame::setTitle(const QString& title)
+{
+    m_title->setText(title);
+    setWindowTitle(title);
+}
+
+bool SheetFrame::eventFilter(QObject* watched, QEvent* event)
+{
+    // Rows were added or removed.
+    if (watched == m_scroll->widget() && event->type() == QEvent::LayoutRequest && isVisible())
+        fitToWindow();
+    return QDialog::eventFilter(watched, event);
+}
+
+void SheetFrame::showEvent(QShowEvent* event)
+{
+    fitToWindow();
+    if (const QWidget* const behind = parentWidget())
+        move(behind->window()->frameGeometry().center() - rect().center());
+    if (!m_scroll->widget()->isAncestorOf(focusWidget()))
+        focusFirstField();
+    QDialog::showEvent(event);
+}
+
+int SheetFrame::naturalHeight() const
+{
+    const auto height = [](const QLayout& layout, int width) {
+        return layout.hasHeightForWidth() ? layout.totalHeightForWidth(width)
+                                          : layout.totalSizeHint().height();
+    };
+    // What the layout reckons for the scroll area, in whose place the whole content is to stand.
+    const int reckoned = m_scroll->sizeHint().expandedTo(m_scroll->minimumSizeHint()).height();
+    return height(*layout(), m_contentWidth + 2 * metrics::sheetMargin) - reckoned +
+           height(*m_content, m_contentWidth + 2 * ringRoom);
+}
+
+int SheetFrame::heightLimit() const
+{
+    const int behind =
+        parentWidget() ? parentWidget()->window()->height() : screen()->availableGeometry().height();
+    return std::max(smallestLimit, behind - metrics::windowMargin);
+}
+
+void SheetFrame::fitToWindow()
+{
+    resize(m_contentWidth + 2 * metrics::sheetMargin, std::min(naturalHeight(), heightLimit()));
+}
+
+void SheetFrame::focusFirstField()
+{
+    const QWidget* const inside = m_scroll->widget();
+    for (QWidget* next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
+        if (inside->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) != 0 &&
+            next->isEnabledTo(this) && next->isVisibleTo(this)) {
+            next->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+    if (m_primary)
+        m_primary->setFocus(Qt::OtherFocusReason);
+}
+
+}  // namespace morvak

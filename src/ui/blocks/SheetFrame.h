@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ui/blocks/Buttons.h"
+
+#include <QDialog>
+
+class QHBoxLayout;
+class QLabel;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace morvak {
+
+/// A sheet over a window: title, content, a row of buttons.
+///
+/// Modal to `window` and centred on it; never higher than it, the content scrolls instead. Esc cancels,
+/// Ctrl+Return presses the primary button, and so does Return unless the focused field has a use for it. The
+/// first field of the content has the focus when the sheet opens. Show it with `open` and hear `accepted`.
+class SheetFrame : public QDialog {
+    Q_OBJECT
+
+public:
+    SheetFrame(const QString& title, QWidget* window);
+
+    /// Where the content goes, from top to bottom.
+    [[nodiscard]] QVBoxLayout* content() const { return m_content; }
+
+    /// Right-most and filled; accepts the sheet, unless disabled. At most one.
+    QPushButton* setPrimaryButton(const QString& label);
+    /// Left of the primary button; rejects the sheet, as Esc does. At most one.
+    QPushButton* setCancelButton(const QString& label);
+    /// At the left end of the row; does nothing by itself.
+    QPushButton* addSideButton(const QString& label, ButtonKind kind = ButtonKind::normal);
+
+    /// Width of the content; the height follows from it.
+    void setContentWidth(int width);
+
+    /// Takes the title that the sheet shows, and that its window has.
+    void setTitle(const QString& title);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] int naturalHeight() const;
+    [[nodiscard]] int heightLimit() const;
+    void fitToWindow();
+    void focusFirstField();
+
+    QLabel* m_title;
+    QScrollArea* m_scroll;
+    QVBoxLayout* m_content;
+    QHBoxLayout* m_sideButtons;
+    QHBoxLayout* m_mainButtons;
+    QPushButton* m_primary = nullptr;
+    int m_contentWidth = 432;
+};
+
+}  // namespace morvak

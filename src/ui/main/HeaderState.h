@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/Shoot.h"
+#include "ui/theme/Colors.h"
+#include "ui/watch/WatchState.h"
+#include "watch/LogEntry.h"
+
+#include <QCoreApplication>
+
+namespace morvak {
+
+/// What the header is told from.
+struct HeaderFacts {
+    WatchState watching = WatchState::noFolder;
+    std::optional<SetData> taggingSet;  ///< the set that photos get
+    QList<Shoot> shoots;
+    std::optional<QUuid> activeShootId;
+    std::optional<QUuid> activeSetId;
+    std::optional<LogEntry> lastFailure;
+};
+
+/// What the header says at a glance.
+struct HeaderState {
+    bool isWatching = false;
+    QString watching;  ///< "Actief", "Gestopt", ...
+    QString set;       ///< headline, or that there is none
+    bool hasSet = false;
+    QString difference;  ///< in words, where photos get another set than the active one; else empty
+    QString failure;     ///< "14:03:22  ❌ ..."; empty when nothing has gone wrong
+    Role failureRole = Role::secondary;
+};
+
+/// Pure; any thread.
+class HeaderText {
+    Q_DECLARE_TR_FUNCTIONS(morvak::HeaderText)
+
+public:
+    [[nodiscard]] static HeaderState of(const HeaderFacts& facts);
+
+private:
+    [[nodiscard]] static QString watching(WatchState state);
+    [[nodiscard]] static QString difference(const HeaderFacts& facts);
+};
+
+}  // namespace morvak

@@ -1,0 +1,169 @@
+#include "ui/main/MainView.h"
+
+#include "ui/UiServices.h"
+#include "ui/blocks/EmptyState.h"
+#include "ui/blocks/SegmentedSwitch.h"
+#include "ui/blocks/SetActivatedBanner.h"
+#include "ui/main/HeaderBar.h"
+#include "ui/main/StatusStrip.h"
+#include "ui/manual/ManualView.h"
+#include "ui/sets/SetsView.h"
+#include "ui/sets/ShootFiles.h"
+#include "ui/theme/Metrics.h"
+#include "ui/theme/Theme.h"
+#include "ui/watch/DashboardTab.h"
+#include "ui/watch/LogTab.h"
+#include "watch/FolderWatcher.h"
+
+#include <QCloseEvent>
+#include <QMimeData>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace morvak {
+
+namespace {
+
+constexpr QSize smallest(700, 500);
+constexpr QSize preferred(1000, 700);
+
+}  // namespace
+
+MainView::MainView(UiServices& services, QWidget* parent)
+    : QWidget(parent),
+      m_services(services),
+      m_switch(new SegmentedSwitch(
+          tr("Tabbladen"), {tr("Sets"), tr("Watch Folder"), tr("Hernoemen"), tr("Log"), tr("Handleiding")})),
+      m_content(new QStackedWidget),
+      m_sets(new SetsView(services)),
+      m_banner(new SetActivatedBanner(services.theme, m_content))
+{
+    setObjectName(QStringLiteral("main"));
+    setWindowTitle(QStringLiteral("Morvak"));
+    setMinimumSize(smallest);
+    resize(preferred);
+    setAcceptDrops(true);
+    m_switch->setObjectName(QStringLiteral("tabSwitch"));
+
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(metrics::windowMargin, metrics::windowMargin, metrics::windowMargin,
+                               metrics::windowMargin);
+    column->setSpacing(metrics::inGroup);
+    column->addWidget(new HeaderBar(services));
+    column->addWidget(new StatusStrip(services));
+    column->addSpacing(metrics::inGroup);
+    column->addWidget(m_switch);
+    column->addSpacing(metrics::inGroup);
+    column->addWidget(m_content, 1);
+    makeTabs();
+    makeShortcuts();
+
+    connect(&services.watcher, &FolderWatcher::justActivatedHeadlineChanged, this, &MainView::showBanner);
+    showBanner();
+}
+
+void MainView::makeTabs()
+{
+    auto* const rename =
+        new EmptyState(m_services.theme, QStringLiteral("pencil"), tr("Hernoemen komt in de volgende versie"),
+                       tr("Hier geef je straks RAW-bestanden de naam van hun set. Taggen werkt nu al."));
+    auto* const dashboard = new DashboardTab(m_services);
+    connect(dashboard, &DashboardTab::newShootAsked, m_sets, &SetsView::makeShoot);
+    m_content->addWidget(m_sets);
+    m_content->addWidget(dashboard);
+    m_content->addWidget(rename);
+    m_content->addWidget(new LogTab(m_services));
+    m_content->addWidget(new ManualView(m_services.theme));
+    connect(m_switch, &SegmentedSwitch::currentIndexChanged, this, &MainView::showTab);
+}
+
+void MainView::makeShortcuts()
+{
+    const auto on = [this](const QKeySequence& keys, auto&& action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    for (int tab = 0; tab < m_content->count(); ++tab) {
+        const QKeySequence keys(Qt::CTRL | Qt::Key(Qt::Key_1 + tab));
+        on(keys, [this, tab] { setSelectedTab(tab); });
+        m_switch->setSegmentToolTip(tab, keys.toString(QKeySequence::NativeText));
+    }
+    on(Qt::CTRL | Qt::Key_Q, [this] { Q_EMIT quitAsked(); });
+    on(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_sets->makeShoot(); });
+    on(Qt::CTRL | Qt::Key_O, [this] { m_sets->chooseShootFile(); });
+    on(Qt::CTRL | Qt::Key_L, [this] {
+        setSelectedTab(0);
+        m_sets->focusScanField();
+    });
+}
+
+int MainView::selectedTab() const
+{
+    return m_switch->currentIndex();
+}
+
+void MainView::setSelectedTab(int index)
+{
+    m_switch->setCurrentIndex(index);
+}
+
+void MainView::showTab(int index)
+{
+    m_content->setCurrentIndex(index);
+    m_banner->raise();
+    if (index == 0)
+        m_sets->focusScanField();
+}
+
+void MainView::showBanner()
+{
+    m_banner->setHeadline(m_services.watcher.justActivatedHeadline());
+}
+
+void MainView::openShootFile(const QString& path)
+{
+    setSelectedTab(0);
+    morvak::openShootFile(m_services, path, this);
+}
+
+void MainView::bringToFront()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (std::exchange(m_wasShown, true))
+        return;
+    m_sets->focusScanField();
+    Q_EMIT firstShown();
+}
+
+void MainView::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    // Hidden only after this event; who hears of it sees the window gone.
+    QMetaObject::invokeMethod(this, &MainView::closed, Qt::QueuedConnection);
+}
+
+void MainView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!shootFilesIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainView::dropEvent(QDropEvent* event)
+{
+    const QStringList files = shootFilesIn(*event->mimeData());
+    event->acceptProposedAction();
+    for (const QString& file : files)
+        openShootFile(file);
+}
+
+}  // namespace morvak

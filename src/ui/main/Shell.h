@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/main/MainView.h"
+#include "ui/main/MenuBarView.h"
+#include "ui/main/TrayPresence.h"
+
+#include <QElapsedTimer>
+#include <QSystemTrayIcon>
+
+namespace morvak {
+
+/// The windows of Morvak and the item in the tray, and which of them are to be seen: never none while Morvak
+/// runs.
+class Shell final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Shell(UiServices& services, QObject* parent = nullptr);
+    ~Shell() override;
+
+    [[nodiscard]] MainView& mainView() { return m_main; }
+    [[nodiscard]] MenuBarView& panel() { return m_panel; }
+
+    void openMain();
+
+Q_SIGNALS:
+    void quitAsked();
+
+private:
+    [[nodiscard]] WindowFacts facts() const;
+    void keepInSight();
+    void togglePanel();
+    void panelClosed();
+    [[nodiscard]] bool mayQuit();
+
+    UiServices& m_services;
+    QSystemTrayIcon m_icon;
+    TrayPresence m_tray;
+    MainView m_main;
+    MenuBarView m_panel;
+    QElapsedTimer m_panelLeft;
+};
+
+}  // namespace morvak

@@ -1,0 +1,66 @@
+#include "ui/sets/ScanBar.h"
+
+#include "platform/Diagnostics.h"
+#include "store/ShootManager.h"
+#include "ui/UiServices.h"
+#include "ui/blocks/Buttons.h"
+#include "ui/blocks/SymbolLabel.h"
+#include "ui/sets/ScanField.h"
+#include "ui/theme/Metrics.h"
+#include "watch/FolderWatcher.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace morvak {
+
+bool takeScan(ShootManager& shoots, FolderWatcher& watcher, const QString& text)
+{
+    const std::optional<SetData> set = shoots.handleScanInput(text);
+    if (set)
+        watcher.setCurrentSet(set);
+    else
+        diagnostic(QStringLiteral("⚠️ Scan bevat geen set — overgeslagen"));
+    return set.has_value();
+}
+
+ScanBar::ScanBar(UiServices& services, QWidget* parent)
+    : QWidget(parent), m_services(services), m_field(new ScanField)
+{
+    m_field->setObjectName(QStringLiteral("scanField"));
+    m_field->setPlaceholderText(tr("Scan QR of typ setdata..."));
+    m_field->setAccessibleName(tr("Set scannen of typen"));
+    m_field->setClearButtonEnabled(true);
+    QPushButton* const activate = makeButton(tr("Activeer"));
+    activate->setObjectName(QStringLiteral("activateScan"));
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(metrics::inGroup);
+    row->addWidget(new SymbolLabel(services.theme, QStringLiteral("barcode.viewfinder"), 24));
+    row->addWidget(m_field, 1);
+    row->addWidget(activate);
+    connect(m_field, &QLineEdit::returnPressed, this, &ScanBar::submit);
+    connect(activate, &QPushButton::clicked, this, &ScanBar::submit);
+}
+
+void ScanBar::focusField()
+{
+    m_field->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ScanBar::submit()
+{
+    const QString text = m_field->scanText().trimmed();
+    if (text.isEmpty())
+        return;
+    if (takeScan(m_services.shoots, m_services.watcher, text)) {
+        m_field->clear();
+    } else {
+        m_field->selectAll();
+        Q_EMIT notUnderstood();
+    }
+    focusField();
+}
+
+}  // namespace morvak

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+namespace morvak {
+
+class FolderWatcher;
+class ScanField;
+class ShootManager;
+struct UiServices;
+
+/// The field in which a set is scanned, typed or pasted, and the button that activates it.
+class ScanBar final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ScanBar(UiServices& services, QWidget* parent = nullptr);
+
+    void focusField();
+
+Q_SIGNALS:
+    /// The text held no set.
+    void notUnderstood();
+
+private:
+    void submit();
+
+    UiServices& m_services;
+    ScanField* m_field;
+};
+
+/// Finds or makes the set of a text and has photos tagged with it from now on. False when the text holds
+/// none.
+bool takeScan(ShootManager& shoots, FolderWatcher& watcher, const QString& text);
+
+}  // namespace morvak

@@ -1,0 +1,57 @@
+#include "ui/sets/ShootFiles.h"
+
+#include "platform/Diagnostics.h"
+#include "platform/FileName.h"
+#include "store/ShootManager.h"
+#include "ui/Dialogs.h"
+#include "ui/UiServices.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+namespace morvak {
+
+std::optional<QByteArray> readShootFile(const QString& path)
+{
+    // A pipe would be waited for.
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        diagnostic(u"⚠️ Het shootbestand kan niet gelezen worden: "_s + path);
+        return std::nullopt;
+    }
+    QByteArray bytes = file.read(mostShootFileBytes + 1);
+    if (bytes.size() > mostShootFileBytes || file.error() != QFileDevice::NoError) {
+        diagnostic(u"⚠️ Het shootbestand is te groot of onleesbaar: "_s + path);
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+void openShootFile(UiServices& services, const QString& path, QWidget* window)
+{
+    const std::optional<QByteArray> bytes = readShootFile(path);
+    if (bytes && services.shoots.importShoot(*bytes))
+        return;
+    const auto tr = [](const char* text) { return QCoreApplication::translate("morvak::ShootFiles", text); };
+    services.dialogs.alert(window, tr("Kon .morvak-bestand niet openen"),
+                           tr("Het bestand kon niet gelezen worden, mogelijk beschadigd of geen geldig "
+                              ".morvak-bestand."));
+}
+
+QStringList shootFilesIn(const QMimeData& data)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        const QString path = url.toLocalFile();
+        if (lowerCaseExtension(path) == u"morvak")
+            files.append(path);
+    }
+    return files;
+}
+
+}  // namespace morvak

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QMimeData;
+class QWidget;
+
+namespace morvak {
+
+struct UiServices;
+
+inline constexpr qint64 mostShootFileBytes = qint64(64) << 20;
+
+/// A whole file; none when it is no ordinary file, too large for a shoot, or cannot be read.
+[[nodiscard]] std::optional<QByteArray> readShootFile(const QString& path);
+
+/// The shoot in the file becomes a new, active one; the user is told, over `window`, when the file holds
+/// none.
+void openShootFile(UiServices& services, const QString& path, QWidget* window);
+
+/// Paths of the shoot files among what is being dragged, by their extension.
+[[nodiscard]] QStringList shootFilesIn(const QMimeData& data);
+
+}  // namespace morvak

@@ -1,0 +1,61 @@
+#include "ui/sets/ShootPicker.h"
+
+#include "store/ShootManager.h"
+
+#include <QUuid>
+#include <QWheelEvent>
+
+namespace morvak {
+
+namespace {
+
+constexpr int narrowest = 200;
+constexpr int widest = 320;
+
+}  // namespace
+
+ShootPicker::ShootPicker(ShootManager& shoots, QWidget* parent) : QComboBox(parent), m_shoots(shoots)
+{
+    setObjectName(QStringLiteral("shootPicker"));
+    setAccessibleName(tr("Shoot"));
+    setPlaceholderText(tr("Geen shoot geselecteerd"));
+    setMinimumWidth(narrowest);
+    setMaximumWidth(widest);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    connect(&shoots, &ShootManager::shootsChanged, this, &ShootPicker::showShoots);
+    connect(&shoots, &ShootManager::activeShootIdChanged, this, &ShootPicker::showShoots);
+    connect(this, &QComboBox::activated, this,
+            [this](int row) { m_shoots.setActiveShootId(itemData(row).toUuid()); });
+    showShoots();
+}
+
+void ShootPicker::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+/// Only what differs: this is asked for at every tagged photo, and the list may be open.
+void ShootPicker::showShoots()
+{
+    const QList<Shoot>& shoots = m_shoots.shoots();
+    int current = -1;
+    for (int row = 0; row < shoots.size(); ++row) {
+        const Shoot& shoot = shoots[row];
+        if (row == count())
+            addItem(QString());
+        if (itemText(row) != shoot.name)
+            setItemText(row, shoot.name);
+        if (itemData(row).toUuid() != shoot.id)
+            setItemData(row, shoot.id);
+        if (current < 0 && m_shoots.activeShootId() == shoot.id)
+            current = row;
+    }
+    while (count() > shoots.size())
+        removeItem(count() - 1);
+    if (currentIndex() != current)
+        setCurrentIndex(current);
+    setEnabled(count() > 0);
+    setToolTip(currentText());
+}
+
+}  // namespace morvak

@@ -1,0 +1,137 @@
+#include "app/Composition.h"
+#include "metadata/ExifToolService.h"
+#include "support/TestMain.h"
+#include "ui/sets/ScanBar.h"
+#include "update/UpdateChecker.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+using namespace morvak;
+
+namespace {
+
+/// A user's profile with two shoots, each with a folder, and everything the application is made with.
+class Profile {
+public:
+    Profile()
+    {
+        ShootManager store(storeFile());
+        for (const QString& name : {u"Lente"_s, u"Herfst"_s}) {
+            QDir(m_root.path()).mkdir(name);
+            store.createShoot(name, {}, {});
+            store.setWatchFolder(folder(name), *store.activeShootId());
+        }
+    }
+
+    [[nodiscard]] QString storeFile() const { return m_root.filePath(u"shoots.json"_s); }
+    [[nodiscard]] QString folder(const QString& shoot) const { return m_root.filePath(shoot); }
+    [[nodiscard]] CompositionParts parts()
+    {
+        return {.exifTool = m_exifTool,
+                .updates = m_updates,
+                .storeFile = storeFile(),
+                .version = u"1.0.0"_s,
+                .checksForUpdates = false};
+    }
+    [[nodiscard]] QStringList storedShoots() const
+    {
+        ShootManager store(storeFile());
+        store.load();
+        QStringList names;
+        for (const Shoot& shoot : store.shoots())
+            names.append(shoot.name);
+        return names;
+    }
+
+private:
+    static UpdateConfig privateConfig(const QString& preferences)
+    {
+        UpdateConfig config;
+        config.preferencesPath = preferences;
+        return config;
+    }
+
+    QTemporaryDir m_root;
+    ExifToolService m_exifTool;
+    UpdateChecker m_updates{privateConfig(m_root.filePath(u"preferences"_s))};
+};
+
+QString headlineIn(const QString& photo)
+{
+    QProcess tool;
+    tool.start(u"exiftool"_s, {u"-s3"_s, u"-XMP-photoshop:Headline"_s, photo});
+    tool.waitForFinished();
+    return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
+}
+
+}  // namespace
+
+class TestComposition : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tagsAPhotoFromStartToQuit();
+    void handedOverFileComesAfterTheShootsThatAreThere();
+    void watcherFollowsTheActiveShootOnly();
+};
+
+void TestComposition::tagsAPhotoFromStartToQuit()
+{
+    Profile profile;
+    const QString photo = profile.folder(u"Herfst"_s) + u"/a.jpg"_s;
+    {
+        Composition morvak(profile.parts());
+        morvak.start();
+        QVERIFY(morvak.shoots().shoots().isEmpty());
+        morvak.showWindows(Theme::Choice::light);
+        QVERIFY(morvak.shell()->mainView().isVisible());
+        QCOMPARE(morvak.watcher().watchPath(), profile.folder(u"Herfst"_s));
+        QTRY_VERIFY(morvak.watcher().isWatching());
+        QVERIFY(takeScan(morvak.shoots(), morvak.watcher(), u"SET:12\nBRAND:Noord"_s));
+        QImage image(64, 48, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        QVERIFY(image.save(photo));
+        QTRY_COMPARE_WITH_TIMEOUT(morvak.watcher().taggedCount(), 1, 30'000);
+        morvak.quit();
+    }
+    QCOMPARE(headlineIn(photo), u"Set 12 — Noord"_s);
+    QCOMPARE(QDir(profile.folder(u"Herfst"_s)).entryList(QDir::Files), QStringList{u"a.jpg"_s});
+}
+
+void TestComposition::handedOverFileComesAfterTheShootsThatAreThere()
+{
+    Profile profile;
+    Composition morvak(profile.parts());
+    ShootManager other(profile.folder(u"other.json"_s));
+    other.createShoot(u"Van buiten"_s, {}, {});
+    QFile file(profile.folder(u"buiten.morvak"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(*other.exportJSON(*other.activeShootId()));
+    file.close();
+    morvak.openShootFiles({file.fileName()});
+    QCOMPARE(profile.storedShoots(), QStringList({u"Van buiten"_s, u"Herfst"_s, u"Lente"_s}));
+    morvak.quit();
+}
+
+void TestComposition::watcherFollowsTheActiveShootOnly()
+{
+    Profile profile;
+    Composition morvak(profile.parts());
+    morvak.runUnseen();
+    QTRY_VERIFY(morvak.watcher().isWatching());
+    morvak.watcher().stopWatching();
+    morvak.shoots().handleScanInput(u"SET:1"_s);  // announces the active shoot again
+    QVERIFY(!morvak.watcher().isWatching());
+    morvak.shoots().setActiveShootId(morvak.shoots().shoots()[1].id);
+    QCOMPARE(morvak.watcher().watchPath(), profile.folder(u"Lente"_s));
+    QTRY_VERIFY(morvak.watcher().isWatching());
+    morvak.quit();
+}
+
+MORVAK_TEST(TestComposition);
+#include "test_composition.moc"

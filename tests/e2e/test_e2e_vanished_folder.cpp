@@ -1,0 +1,107 @@
+#include "MorvakRun.h"
+#include "sampleshoot/PhotoEncoders.h"
+#include "sampleshoot/SampleShoot.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+
+#include <csignal>
+
+#include <sys/mount.h>
+
+using namespace morvak;
+using morvak::test::MorvakRun;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray jpeg()
+{
+    return samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
+}
+
+bool mountOn(const QString& folder)
+{
+    return ::mount("tmpfs", folder.toUtf8().constData(), "tmpfs", 0, "size=16m") == 0;
+}
+
+/// How often the program said it tagged this photo.
+qsizetype tagged(MorvakRun& run, const QString& name)
+{
+    return run.count(u"✅ Getagd: "_s + name);
+}
+
+}  // namespace
+
+class TestE2eVanishedFolder : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void movedAwayAndBack();
+    void unmountedAndMountedAgain();
+    void quitsWhileTheFolderIsMissing();
+};
+
+void TestE2eVanishedFolder::movedAwayAndBack()
+{
+    MorvakRun run;
+    run.start();
+    run.drop(u"setless.jpg"_s, jpeg());
+    QTRY_COMPARE_WITH_TIMEOUT(run.count(u"Geen actieve set — setless.jpg"_s), 1, 20'000);
+    run.scan(samples::sampleSets().constFirst());
+    run.drop(u"first.jpg"_s, jpeg());
+    QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"first.jpg"_s), 1, 20'000);
+
+    const QString elsewhere = run.folder() + u"-elsewhere"_s;
+    QVERIFY(QDir().rename(run.folder(), elsewhere));
+    QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
+    QFile meanwhile(elsewhere + u"/meanwhile.jpg"_s);
+    QVERIFY(meanwhile.open(QIODevice::WriteOnly));
+    meanwhile.write(jpeg());
+    meanwhile.close();
+    QVERIFY(QDir().rename(elsewhere, run.folder()));
+
+    QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"meanwhile.jpg"_s), 1, 20'000);
+    run.drop(u"last.jpg"_s, jpeg());
+    QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"last.jpg"_s), 1, 20'000);
+    QCOMPARE(tagged(run, u"first.jpg"_s), 1);
+    const QHash<QString, QJsonObject> tags = run.readBack();
+    QVERIFY(tags.value(u"meanwhile.jpg"_s).contains(u"XMP:Headline"_s));
+    QVERIFY(!tags.value(u"setless.jpg"_s).contains(u"XMP:Headline"_s));
+}
+
+void TestE2eVanishedFolder::unmountedAndMountedAgain()
+{
+    MorvakRun run;
+    if (!mountOn(run.folder()))
+        QSKIP("only who may mount can test this");
+    const QByteArray mountPoint = run.folder().toUtf8();
+    const auto unmount = qScopeGuard([&] { ::umount2(mountPoint.constData(), MNT_DETACH); });
+    run.start();
+    run.scan(samples::sampleSets().constFirst());
+    run.drop(u"first.jpg"_s, jpeg());
+    QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"first.jpg"_s), 1, 20'000);
+    QCOMPARE(::umount2(mountPoint.constData(), MNT_DETACH), 0);
+    QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
+    run.drop(u"beneath.jpg"_s, jpeg());  // into the empty mount point
+    QVERIFY(mountOn(run.folder()));
+    QTRY_COMPARE_WITH_TIMEOUT(run.count(u"Watching: "_s), 2, 20'000);
+    run.drop(u"last.jpg"_s, jpeg());
+    QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"last.jpg"_s), 1, 20'000);
+    QCOMPARE(run.count(u"beneath.jpg"_s), 0);
+}
+
+void TestE2eVanishedFolder::quitsWhileTheFolderIsMissing()
+{
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        MorvakRun run;
+        run.start();
+        QVERIFY(QDir(run.folder()).removeRecursively());
+        QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
+        QVERIFY(run.quit(signal) >= 0);
+        QVERIFY(run.exifTools().isEmpty());
+    }
+}
+
+MORVAK_TEST(TestE2eVanishedFolder);
+#include "test_e2e_vanished_folder.moc"

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "ui/Dialogs.h"
+#include "ui/UiServices.h"
+#include "ui/theme/Theme.h"
+#include "update/UpdateChecker.h"
+#include "watch/WatcherFixture.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QTextDocumentFragment>
+
+namespace morvak::test {
+
+/// Answers that a test has given before.
+class ScriptedDialogs final : public Dialogs {
+public:
+    QString chooseFolder(QWidget*, const QString& title, const QString& acceptLabel,
+                         const QString& startFolder) override
+    {
+        asked = {title, acceptLabel, startFolder};
+        return folder;
+    }
+    QString openFile(QWidget*, const QString&, const QString&) override { return {}; }
+    QString saveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override
+    {
+        return {};
+    }
+    bool confirm(QWidget*, const QString&, const QString&, const QString&) override { return false; }
+    void alert(QWidget*, const QString&, const QString&) override {}
+
+    QString folder;
+    QStringList asked;
+};
+
+/// What a screen is handed, on a watcher whose events are scripted.
+class UiFixture : public WatcherFixture {
+public:
+    Theme theme;
+    ScriptedDialogs dialogs;
+    UpdateChecker updates{privateConfig(data.filePath(QStringLiteral("preferences")))};
+    int toolStarts = 0;
+    UiServices ui{
+        store, *watcher,          updates, theme, dialogs, QStringLiteral("1.0.0"), [this] { ++toolStarts; },
+        [] {}, [](const QUrl&) {}};
+
+private:
+    static UpdateConfig privateConfig(const QString& preferences)
+    {
+        UpdateConfig config;
+        config.preferencesPath = preferences;
+        return config;
+    }
+};
+
+/// What the labels and buttons of a screen say that are not hidden in it.
+inline QStringList shownTexts(const QWidget& screen)
+{
+    QStringList texts;
+    for (const QWidget* widget : screen.findChildren<QWidget*>()) {
+        if (!widget->isVisibleTo(&screen))
+            continue;
+        if (const auto* const label = qobject_cast<const QLabel*>(widget))
+            texts.append(label->textFormat() == Qt::RichText
+                             ? QTextDocumentFragment::fromHtml(label->text()).toPlainText()
+                             : label->text());
+        else if (const auto* const button = qobject_cast<const QAbstractButton*>(widget))
+            texts.append(button->text());
+    }
+    return texts;
+}
+
+}  // namespace morvak::test

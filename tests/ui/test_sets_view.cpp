@@ -1,0 +1,322 @@
+#include "UiFixture.h"
+#include "support/TestMain.h"
+#include "ui/sets/NewShootSheet.h"
+#include "ui/sets/ScanField.h"
+#include "ui/sets/SetListModel.h"
+#include "ui/sets/SetTexts.h"
+#include "ui/sets/SetsView.h"
+#include "ui/sets/ShootFiles.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QListView>
+#include <QPushButton>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using namespace morvak;
+using morvak::test::shownTexts;
+using morvak::test::UiFixture;
+
+namespace {
+
+class Alerts final : public Dialogs {
+public:
+    QString chooseFolder(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+    QString openFile(QWidget*, const QString&, const QString&) override { return file; }
+    QString saveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override
+    {
+        return {};
+    }
+    bool confirm(QWidget*, const QString&, const QString&, const QString&) override { return false; }
+    void alert(QWidget*, const QString& title, const QString& message) override
+    {
+        alerts << title << message;
+    }
+
+    QString file;
+    QStringList alerts;
+};
+
+class Sets : public UiFixture {
+public:
+    Sets() : services{store, *watcher, updates, theme, alerts, u"1.0.0"_s, [] {}, [] {}, [](const QUrl&) {}}
+    {
+        view = std::make_unique<SetsView>(services);
+        view->resize(900, 500);
+        view->show();
+    }
+
+    template <typename Widget>
+    Widget& find(const QString& name) const
+    {
+        return *view->findChild<Widget*>(name);
+    }
+
+    Alerts alerts;
+    UiServices services;
+    std::unique_ptr<SetsView> view;
+};
+
+QList<SetData> numbered(const QList<int>& numbers, const QHash<int, QUuid>& ids)
+{
+    QList<SetData> sets;
+    for (const int number : numbers) {
+        SetData set;
+        set.id = ids[number];
+        set.setNumber = QString::number(number);
+        sets.append(set);
+    }
+    return sets;
+}
+
+}  // namespace
+
+class TestSetsView : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void newShootIsEnteredByKeys();
+    void pastedLinesStayOneScan();
+    void everyWayOfWritingASetTextSurvivesTheField_data();
+    void everyWayOfWritingASetTextSurvivesTheField();
+    void unusableTextStaysAndIsTold();
+    void rowIsActivatedByKeyAndByItsButton();
+    void pickedShootBecomesActive();
+    void modelFollowsAnyChange();
+    void shootFilesAreOpenedOrTold();
+    void tooLargeFileIsNotRead();
+    void textsOfTheShoot();
+};
+
+void TestSetsView::newShootIsEnteredByKeys()
+{
+    Sets sets;
+    QVERIFY(shownTexts(*sets.view).contains(u"Maak een shoot aan om te beginnen"_s));
+    sets.store.createShoot(u"Eerste"_s, {}, u"Velora"_s);
+    sets.find<QPushButton>(u"newShoot"_s).click();
+    auto* const sheet = sets.view->findChild<NewShootSheet*>();
+    QVERIFY(sheet);
+    QVERIFY(QTest::qWaitForWindowActive(sheet));
+    const QStringList expected{u"Nieuwe Shoot"_s,
+                               u"Naam (bijv. Ibiza Zomer 2026)"_s,
+                               u"Locatie (optioneel)"_s,
+                               u"Klant (optioneel)"_s,
+                               u"Annuleer"_s,
+                               u"Aanmaken"_s};
+    for (const QString& text : expected)
+        QVERIFY2(shownTexts(*sheet).contains(text), qPrintable(text));
+    const auto focused = [] { return QApplication::focusWidget(); };
+    QTRY_COMPARE(focused()->objectName(), u"shootName"_s);
+    QTest::keyClick(focused(), Qt::Key_Return);  // no name yet
+    QVERIFY(sheet->isVisible());
+    QTest::keyClicks(focused(), u" Ibiza "_s);
+    QTest::keyClick(focused(), Qt::Key_Tab);
+    QTest::keyClicks(focused(), u"Strand"_s);
+    QTest::keyClick(focused(), Qt::Key_Tab);
+    QCOMPARE(sheet->findChild<QComboBox*>(u"shootClient"_s)->currentText(), u"Geen klant"_s);
+    QTest::keyClick(focused(), Qt::Key_Down);
+    QTest::keyClick(focused(), Qt::Key_Return, Qt::ControlModifier);
+    QTRY_COMPARE(sets.store.shoots().size(), 2);
+    const Shoot shoot = *sets.store.activeShoot();
+    QCOMPARE(QStringList({shoot.name, shoot.location, shoot.client}),
+             QStringList({u" Ibiza "_s, u"Strand"_s, u"Velora"_s}));
+    QCOMPARE(sets.find<QComboBox>(u"shootPicker"_s).currentText(), u" Ibiza "_s);
+}
+
+void TestSetsView::pastedLinesStayOneScan()
+{
+    Sets sets;
+    sets.store.createShoot(u"Herfst"_s, {}, {});
+    auto& field = sets.find<ScanField>(u"scanField"_s);
+    field.setFocus();
+    QApplication::clipboard()->setText(u"SET:12\r\nBRAND:Noord | Zuid\nITEM:Chino\n"_s);
+    field.paste();
+    QCOMPARE(field.text().remove(QChar(0x2060)), u"SET:12 | BRAND:Noord | Zuid | ITEM:Chino | "_s);
+    QTest::keyClick(&field, Qt::Key_Return);
+    QVERIFY(sets.watcher->currentSet());
+    const SetData set = *sets.watcher->currentSet();
+    QCOMPARE(set.headline(), u"Set 12 — Noord | Zuid"_s);
+    QCOMPARE(set.description(), u"Chino"_s);
+    QCOMPARE(sets.store.activeSetId(), set.id);
+    QVERIFY(field.text().isEmpty());
+    QCOMPARE(sets.find<QListView>(u"setList"_s).model()->rowCount(), 1);
+}
+
+void TestSetsView::everyWayOfWritingASetTextSurvivesTheField_data()
+{
+    QTest::addColumn<QString>("entered");
+    QTest::addColumn<QString>("lines");
+    QTest::newRow("one line") << u"SET:1"_s << u"SET:1"_s;
+    QTest::newRow("CR LF") << u"SET:1\r\nBRAND:A"_s << u"SET:1\nBRAND:A"_s;
+    QTest::newRow("line and paragraph separators") << u"a\u2028b\u2029c"_s << u"a\nb\nc"_s;
+    QTest::newRow("empty lines") << u"\n\na\n"_s << u"\n\na\n"_s;
+    QTest::newRow("a bar is text") << u"BRAND:A | B"_s << u"BRAND:A | B"_s;
+}
+
+void TestSetsView::everyWayOfWritingASetTextSurvivesTheField()
+{
+    QFETCH(QString, entered);
+    ScanField field;
+    field.insert(entered);
+    QTEST(field.scanText(), "lines");
+}
+
+void TestSetsView::unusableTextStaysAndIsTold()
+{
+    Sets sets;
+    auto& field = sets.find<ScanField>(u"scanField"_s);
+    QTest::keyClicks(&field, u"MODEL:Anna"_s);
+    sets.find<QPushButton>(u"activateScan"_s).click();
+    QVERIFY(!sets.watcher->currentSet());
+    QCOMPARE(field.text(), u"MODEL:Anna"_s);
+    QVERIFY(!shownTexts(*sets.view).filter(u"Geen set herkend"_s).isEmpty());
+}
+
+void TestSetsView::rowIsActivatedByKeyAndByItsButton()
+{
+    Sets sets;
+    sets.store.createShoot(u"Herfst"_s, {}, {});
+    for (const QString& text : {u"SET:1"_s, u"SET:2"_s, u"SET:3"_s})
+        sets.store.handleScanInput(text);
+    auto& list = sets.find<QListView>(u"setList"_s);
+    const auto row = [&list](int at) { return list.model()->index(at, 0); };
+    const auto logged = [&sets] { return sets.store.activeShoot()->activationLog.size(); };
+    QCOMPARE(row(0).data(SetListModel::ActiveRole).toBool(), true);
+
+    list.setCurrentIndex(row(1));
+    QTest::keyClick(&list, Qt::Key_Return);
+    QCOMPARE(sets.watcher->currentSet()->setNumber, u"2"_s);
+    QCOMPARE(row(1).data(SetListModel::ActiveRole).toBool(), true);
+
+    // A hasty double click on the button is one activation.
+    const qsizetype before = logged();
+    const QRect last = list.visualRect(row(2));
+    const QPoint button(last.right() - 40, last.center().y());
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, button);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, button);
+    QCOMPARE(sets.watcher->currentSet()->setNumber, u"1"_s);
+    QCOMPARE(logged(), before + 1);
+}
+
+void TestSetsView::pickedShootBecomesActive()
+{
+    Sets sets;
+    auto& picker = sets.find<QComboBox>(u"shootPicker"_s);
+    QCOMPARE(picker.placeholderText(), u"Geen shoot geselecteerd"_s);
+    QCOMPARE(picker.currentIndex(), -1);
+    sets.store.createShoot(u"Zelfde naam"_s, {}, {});
+    const QUuid older = *sets.store.activeShootId();
+    sets.store.createShoot(u"Zelfde naam"_s, {}, {});
+    QCOMPARE(picker.currentIndex(), 0);
+    picker.setFocus();
+    QTest::keyClick(&picker, Qt::Key_Down);
+    QCOMPARE(sets.store.activeShootId(), older);
+    QCOMPARE(picker.currentIndex(), 1);
+    sets.store.deleteShoot(older);
+    QCOMPARE(picker.count(), 1);
+    QCOMPARE(picker.currentIndex(), 0);
+}
+
+/// Any list may follow any other; the tester watches every step.
+void TestSetsView::modelFollowsAnyChange()
+{
+    QHash<int, QUuid> ids;
+    for (int number = 0; number < 12; ++number)
+        ids.insert(number, QUuid::createUuid());
+    SetListModel model;
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QRandomGenerator random(4);
+    for (int step = 0; step < 300; ++step) {
+        QList<int> numbers;
+        for (int number = 0; number < 12; ++number) {
+            if (random.bounded(3) > 0)
+                numbers.append(number);
+        }
+        if (step % 5 == 0)
+            std::shuffle(numbers.begin(), numbers.end(), random);
+        model.setSets(numbered(numbers, ids), ids[random.bounded(12)]);
+        QCOMPARE(model.rowCount(), numbers.size());
+        for (int row = 0; row < numbers.size(); ++row)
+            QCOMPARE(model.index(row).data(SetListModel::IdRole).toUuid(), ids[numbers[row]]);
+    }
+
+    // A count that grows is one row's change, and the place of the others stays.
+    QList<SetData> sets = numbered({1, 2, 3}, ids);
+    model.setSets(sets, ids[1]);
+    const QPersistentModelIndex kept = model.index(2);
+    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    ++sets[1].taggedCount;
+    model.setSets(sets, ids[1]);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes[0][0].toModelIndex().row(), 1);
+    sets.prepend(numbered({4}, ids).constFirst());
+    model.setSets(sets, ids[1]);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(kept.row(), 3);
+}
+
+void TestSetsView::shootFilesAreOpenedOrTold()
+{
+    Sets sets;
+    sets.store.createShoot(u"Herfst"_s, {}, {});
+    sets.store.handleScanInput(u"SET:1"_s);
+    const QString path = sets.path(u"herfst.morvak"_s);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(*sets.store.exportJSON(*sets.store.activeShootId()));
+    file.close();
+    sets.alerts.file = path;
+    sets.view->chooseShootFile();
+    QCOMPARE(sets.store.shoots().size(), 2);
+    QVERIFY(sets.alerts.alerts.isEmpty());
+
+    const QStringList told{u"Kon .morvak-bestand niet openen"_s,
+                           u"Het bestand kon niet gelezen worden, mogelijk beschadigd of geen geldig "
+                           ".morvak-bestand."_s};
+    for (const QString& unreadable :
+         {sets.put(u"x.morvak"_s, "[]"), sets.folder.path(), sets.path(u"none.morvak"_s)}) {
+        sets.alerts.alerts.clear();
+        openShootFile(sets.services, unreadable, sets.view.get());
+        QCOMPARE(sets.alerts.alerts, told);
+    }
+    QCOMPARE(sets.store.shoots().size(), 2);
+}
+
+void TestSetsView::tooLargeFileIsNotRead()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"large.morvak"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(mostShootFileBytes));
+    QVERIFY(readShootFile(file.fileName()));
+    QVERIFY(file.resize(mostShootFileBytes + 1));
+    QVERIFY(!readShootFile(file.fileName()));
+}
+
+void TestSetsView::textsOfTheShoot()
+{
+    Shoot shoot;
+    QCOMPARE(SetTexts::watchFolder(std::nullopt), u"Geen watch folder"_s);
+    QCOMPARE(SetTexts::watchFolder(shoot), u"Geen watch folder ingesteld"_s);
+    shoot.watchFolderPath = u"/foto/%1"_s;
+    QCOMPARE(SetTexts::watchFolder(shoot), u"Actief: /foto/%1"_s);
+    SetData set;
+    set.taggedCount = 34;
+    shoot.sets = {set, set};
+    QCOMPARE(SetTexts::statistics(shoot), u"2 sets · 68 foto's getagd"_s);
+    QCOMPARE(SetTexts::count(set), u"34 foto's"_s);
+    Shoot other;
+    other.client = u"velora"_s;
+    shoot.client = u"Noord"_s;
+    QCOMPARE(knownClients({other, shoot, other, Shoot()}), QStringList({u"Noord"_s, u"velora"_s}));
+}
+
+MORVAK_TEST(TestSetsView);
+#include "test_sets_view.moc"

@@ -1,0 +1,131 @@
+// Every screen as an image, for looking at: `morvak-screens FOLDER`, with QT_SCALE_FACTOR=2 for a dense
+// display.
+
+#include "MadeUpShoot.h"
+#include "store/ShootManager.h"
+#include "ui/DesktopDialogs.h"
+#include "ui/UiServices.h"
+#include "ui/main/MainView.h"
+#include "ui/main/MenuBarView.h"
+#include "ui/sets/NewShootSheet.h"
+#include "ui/theme/Theme.h"
+#include "update/UpdateChecker.h"
+#include "watch/FolderWatcher.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <array>
+
+#include <cstdio>
+
+using namespace morvak;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+WatcherServices quietServices()
+{
+    WatcherServices services;
+    services.playSound = [] {};
+    services.times.bannerTime = std::chrono::hours(1);
+    return services;
+}
+
+UpdateConfig knownUpdate(const QString& preferences)
+{
+    QSettings settings(preferences, QSettings::IniFormat);
+    settings.setValue(u"update.lastKnownVersion"_s, u"1.1.0"_s);
+    settings.setValue(u"update.lastKnownDownloadURL"_s, u"https://morvak.example/download"_s);
+    settings.sync();
+    UpdateConfig config;
+    config.keyPrefix = u"update"_s;
+    config.currentVersion = u"1.0.0"_s;
+    config.preferencesPath = preferences;
+    return config;
+}
+
+class Screens {
+public:
+    Screens(const QDir& folder, Theme& theme, int sets)
+        : m_folder(folder),
+          m_shoots(m_data.filePath(u"shoots.json"_s)),
+          m_watcher(quietServices()),
+          m_updates(knownUpdate(m_data.filePath(u"preferences"_s))),
+          m_services{m_shoots, m_watcher, m_updates,         theme, m_dialogs, u"1.0.0"_s,
+                     [] {},    [] {},     [](const QUrl&) {}}
+    {
+        fillIn(m_shoots, m_watcher, sets);
+        m_prefix = u"%1-%2"_s.arg(theme.scheme() == Scheme::dark ? u"dark"_s : u"light"_s).arg(sets);
+    }
+
+    void shootAll()
+    {
+        for (const QSize& size : {QSize(700, 500), QSize(1000, 700), QSize(2560, 1440)})
+            shootTabs(size);
+        MenuBarView panel(m_services);
+        panel.openAsWindow();
+        save(panel, u"panel"_s);
+        MainView behind(m_services);
+        behind.show();
+        NewShootSheet sheet({u"Noord"_s, u"Velora"_s}, &behind);
+        sheet.open();
+        save(sheet, u"new-shoot"_s);
+    }
+
+private:
+    void shootTabs(const QSize& size)
+    {
+        static const std::array tabs{u"sets"_s, u"watch"_s, u"rename"_s, u"log"_s, u"manual"_s};
+        MainView window(m_services);
+        window.resize(size);
+        window.show();
+        for (int tab = 0; tab < int(tabs.size()); ++tab) {
+            window.setSelectedTab(tab);
+            save(window, u"%1-%2"_s.arg(tabs[std::size_t(tab)]).arg(size.width()));
+        }
+    }
+
+    void save(QWidget& widget, const QString& name)
+    {
+        // Refreshes that wait a moment, and the banner on its way in.
+        QEventLoop loop;
+        QTimer::singleShot(std::chrono::milliseconds(450), &loop, &QEventLoop::quit);
+        loop.exec();
+        const QString file = m_folder.filePath(u"%1-%2.png"_s.arg(m_prefix, name));
+        if (!widget.grab().save(file))
+            std::fprintf(stderr, "not written: %s\n", qPrintable(file));
+    }
+
+    QDir m_folder;
+    QTemporaryDir m_data;
+    ShootManager m_shoots;
+    FolderWatcher m_watcher;
+    UpdateChecker m_updates;
+    DesktopDialogs m_dialogs;
+    UiServices m_services;
+    QString m_prefix;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 2 || !QDir().mkpath(arguments[1])) {
+        std::fputs("morvak-screens FOLDER\n", stderr);
+        return 2;
+    }
+    Theme theme;
+    for (const Theme::Choice choice : {Theme::Choice::light, Theme::Choice::dark}) {
+        theme.setChoice(choice);
+        for (const int sets : {0, 3, 300})
+            Screens(QDir(arguments[1]), theme, sets).shootAll();
+    }
+    return 0;
+}
