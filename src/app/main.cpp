@@ -124,6 +124,8 @@ int main(int argc, char** argv)
     // Morvak lives on in the tray when no window is left, and after whatever Qt has waited for.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setQuitLockEnabled(false);
+    // The scan field has the focus all day; a cursor that blinks would wake the program twice a second.
+    QApplication::setCursorFlashTime(0);
     speakDutch(application);
     quitWhenAsked(application);
 
