@@ -3,10 +3,12 @@
 #include "ui/blocks/SheetFrame.h"
 #include "ui/blocks/TextLook.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 
 #include <memory>
@@ -17,9 +19,16 @@ namespace morvak {
 
 namespace {
 
+/// Not the folder that the program happens to have been started in.
+QString usualFolder()
+{
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
+}
+
 std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title)
 {
-    auto dialog = std::make_unique<QFileDialog>(parent, title);
+    auto dialog = std::make_unique<QFileDialog>(parent, title, usualFolder());
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setLabelText(QFileDialog::Reject, DesktopDialogs::tr("Annuleer"));
     dialog->setLabelText(QFileDialog::LookIn, DesktopDialogs::tr("In:"));

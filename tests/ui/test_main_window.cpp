@@ -5,6 +5,7 @@
 #include "ui/main/MainView.h"
 #include "ui/main/MenuBarView.h"
 #include "ui/main/Shell.h"
+#include "ui/main/TrayPresence.h"
 #include "ui/main/TrayRules.h"
 #include "ui/watch/LogText.h"
 
@@ -54,6 +55,7 @@ private Q_SLOTS:
     void panelOpensInsideTheScreen_data();
     void panelOpensInsideTheScreen();
     void closedWindowLeavesThePanelWhereThereIsNoTray();
+    void trayThatCameLateAndWentIsMissed();
 };
 
 void TestMainWindow::headerTellsWhichSetPhotosGet_data()
@@ -268,6 +270,20 @@ void TestMainWindow::closedWindowLeavesThePanelWhereThereIsNoTray()
     fixture.watcher->stopWatching();
     shell.panel().close();
     QTRY_COMPARE(quits.size(), 1);
+}
+
+void TestMainWindow::trayThatCameLateAndWentIsMissed()
+{
+    bool there = false;
+    TrayPresence tray({.hasTray = [&there] { return there; }, .secondLook = std::chrono::milliseconds(5)});
+    const QSignalSpy changed(&tray, &TrayPresence::changed);
+    there = true;  // nobody looked while the main window was shown
+    tray.setWatchful(true);
+    QVERIFY(tray.isThere());
+    there = false;
+    QTRY_COMPARE(changed.count(), 1);
+    there = true;
+    QTRY_COMPARE(changed.count(), 2);
 }
 
 MORVAK_TEST(TestMainWindow);

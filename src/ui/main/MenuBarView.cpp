@@ -94,9 +94,6 @@ void MenuBarView::addHeader(QVBoxLayout& column)
 
     auto* const update = new UpdateNotice(m_services);
     setButtonKind(*update, ButtonKind::quiet);
-    QFont small = styledFont(font(), TextStyle::caption);
-    small.setBold(true);
-    update->setFont(small);
     column.addWidget(update);
 }
 

@@ -5,7 +5,6 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
-#include <QSystemTrayIcon>
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +12,6 @@ namespace morvak {
 
 namespace {
 
-constexpr std::chrono::seconds secondLook(3);
 constexpr int askingTime = 2000;  // ms
 
 const QString& watcherService()
@@ -24,9 +22,12 @@ const QString& watcherService()
 
 }  // namespace
 
-TrayPresence::TrayPresence(QObject* parent) : QObject(parent)
+TrayPresence::TrayPresence(QObject* parent) : TrayPresence(Platform(), parent) {}
+
+TrayPresence::TrayPresence(Platform platform, QObject* parent)
+    : QObject(parent), m_platform(std::move(platform))
 {
-    m_timer.setInterval(secondLook);
+    m_timer.setInterval(m_platform.secondLook);
     m_timer.setTimerType(Qt::VeryCoarseTimer);
     connect(&m_timer, &QTimer::timeout, this, &TrayPresence::lookAgain);
     observeBus();
@@ -36,11 +37,12 @@ TrayPresence::TrayPresence(QObject* parent) : QObject(parent)
 bool TrayPresence::isThere() const
 {
     // Qt goes on believing in a D-Bus tray that has left.
-    return !m_hostGone && QSystemTrayIcon::isSystemTrayAvailable();
+    return !m_hostGone && m_platform.hasTray();
 }
 
 void TrayPresence::setWatchful(bool watchful)
 {
+    m_wasThere = isThere();
     if (!watchful)
         m_timer.stop();
     else if (!m_timer.isActive() && !m_hostSeen)

@@ -1,7 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QSystemTrayIcon>
 #include <QTimer>
+
+#include <chrono>
+#include <functional>
 
 namespace morvak {
 
@@ -13,11 +17,19 @@ class TrayPresence final : public QObject {
     Q_OBJECT
 
 public:
+    /// What the platform says and how often it is asked; a test has its own.
+    struct Platform {
+        std::function<bool()> hasTray = QSystemTrayIcon::isSystemTrayAvailable;
+        std::chrono::milliseconds secondLook{3000};
+    };
+
     explicit TrayPresence(QObject* parent = nullptr);
+    explicit TrayPresence(Platform platform, QObject* parent = nullptr);
 
     [[nodiscard]] bool isThere() const;
 
-    /// Looks again by itself from time to time; for as long as it matters only.
+    /// Looks again by itself from time to time, and tells of a change from what is there now; for as long as
+    /// it matters only.
     void setWatchful(bool watchful);
 
 Q_SIGNALS:
@@ -31,6 +43,7 @@ private:
     void takeHost(bool registered);
     void lookAgain();
 
+    Platform m_platform;
     bool m_hostGone = false;  // a D-Bus tray was there and has left
     bool m_hostSeen = false;
     bool m_wasThere = false;
