@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLibraryInfo>
+#include <QThreadPool>
 #include <QTimer>
 #include <QTranslator>
 
@@ -126,6 +127,8 @@ int main(int argc, char** argv)
     QApplication::setQuitLockEnabled(false);
     // The scan field has the focus all day; a cursor that blinks would wake the program twice a second.
     QApplication::setCursorFlashTime(0);
+    // Background work mostly waits for tools and disks: none of it shall wait for the rest.
+    QThreadPool::globalInstance()->setMaxThreadCount(8);
     speakDutch(application);
     quitWhenAsked(application);
 

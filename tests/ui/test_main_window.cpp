@@ -47,6 +47,8 @@ private Q_SLOTS:
     void headerTellsTheLastFailure();
     void badgesAreRightTheMomentAPhotoIsTagged();
     void tabsAreReachedByKey();
+    void everyTabAtTheSmallestSize_data();
+    void everyTabAtTheSmallestSize();
     void panelFollowsTheWatcherAndStopsIt();
     void panelStaysInSight_data();
     void panelStaysInSight();
@@ -160,6 +162,53 @@ void TestMainWindow::tabsAreReachedByKey()
     window.resize(window.minimumSize());
     QVERIFY(window.layout()->minimumSize().width() <= 700);
     QVERIFY(window.layout()->minimumSize().height() <= 500);
+}
+
+void TestMainWindow::everyTabAtTheSmallestSize_data()
+{
+    QTest::addColumn<bool>("full");
+    QTest::addColumn<int>("tab");
+    for (int tab = 0; tab < 5; ++tab) {
+        QTest::addRow("empty, tab %d", tab) << false << tab;
+        QTest::addRow("full, tab %d", tab) << true << tab;
+    }
+}
+
+/// What can be used has a name for those who cannot see it, and no words are cut.
+void TestMainWindow::everyTabAtTheSmallestSize()
+{
+    QFETCH(const bool, full);
+    QFETCH(const int, tab);
+    UiFixture shoot;
+    if (full) {
+        shoot.store.createShoot(QString(u"Ibiza Zomer "_s).repeated(8), {}, {});
+        shoot.watcher->startWatching(shoot.folder.path());
+        shoot.watcher->setCurrentSet(
+            shoot.store.handleScanInput(u"SET:12\nBRAND:%1\nITEM:%1/%1\nMODEL:%1\nLOCATION:%1"_s.arg(
+                u"Atelier Lindgren & Zonen "_s.repeated(4))));
+        shoot.watcher->addLog(u"❌ Tagging mislukt: "_s + u"lange naam "_s.repeated(20), LogType::error);
+    }
+    MainView window(shoot.ui);
+    window.resize(window.minimumSize());
+    window.setSelectedTab(tab);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(100);  // the refreshes that are put together
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisible())
+            continue;
+        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
+        const auto* const label = qobject_cast<const QLabel*>(widget);
+        const QString text = button ? button->text() : label ? label->text() : QString();
+        const QByteArray who = QByteArray(widget->metaObject()->className()) + ' ' +
+                               widget->objectName().toUtf8() + ' ' + text.toUtf8();
+        if (widget->focusPolicy() != Qt::NoFocus && widget->isEnabled())
+            QVERIFY2(!text.isEmpty() || !widget->accessibleName().isEmpty(), who);
+        if (button || label) {
+            QVERIFY2(widget->width() >= widget->minimumSizeHint().width(), who);
+            QVERIFY2(widget->height() >= widget->minimumSizeHint().height(), who);
+        }
+    }
 }
 
 void TestMainWindow::panelFollowsTheWatcherAndStopsIt()

@@ -15,6 +15,7 @@ namespace morvak {
 DashboardTab::DashboardTab(UiServices& services, QWidget* parent)
     : QScrollArea(parent), m_folder(new WatchFolderBox(services))
 {
+    setAccessibleName(tr("Watch Folder"));
     auto* const column = new QWidget;
     column->setMaximumWidth(metrics::readableWidth);
     auto* const boxes = new QVBoxLayout(column);
