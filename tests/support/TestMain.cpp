@@ -30,14 +30,16 @@ std::vector<Entry>& entries()
     return list;
 }
 
-/// The test never sees the developer's own files: data, configuration and home lie in a temporary folder.
-void usePrivateFolders(const QTemporaryDir& root)
+/// The test never sees the developer's own files, as data, configuration and home lie in a temporary folder;
+/// and the developer does not hear the tests.
+void leaveTheDeveloperAlone(const QTemporaryDir& root)
 {
     qputenv("HOME", root.path().toUtf8());
     qputenv("XDG_RUNTIME_DIR", root.path().toUtf8());
     qputenv("XDG_DATA_HOME", root.filePath(QStringLiteral("data")).toUtf8());
     qputenv("XDG_CONFIG_HOME", root.filePath(QStringLiteral("config")).toUtf8());
     qputenv("XDG_CACHE_HOME", root.filePath(QStringLiteral("cache")).toUtf8());
+    qputenv("CANBERRA_DRIVER", "null");
 }
 
 }  // namespace
@@ -52,7 +54,7 @@ bool morvak::test::registerTest(const char* file, QObject* (*make)())
 int main(int argc, char** argv)
 {
     const QTemporaryDir root;
-    usePrivateFolders(root);
+    leaveTheDeveloperAlone(root);
     const Application application(argc, argv);
     QStringList arguments = Application::arguments();
     QString only;

@@ -9,7 +9,10 @@
 #include "ui/main/TrayRules.h"
 #include "ui/watch/LogText.h"
 
+#include <QDragEnterEvent>
+#include <QFile>
 #include <QLayout>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
 
@@ -49,6 +52,7 @@ private Q_SLOTS:
     void tabsAreReachedByKey();
     void everyTabAtTheSmallestSize_data();
     void everyTabAtTheSmallestSize();
+    void droppedShootFileIsOpened();
     void panelFollowsTheWatcherAndStopsIt();
     void panelStaysInSight_data();
     void panelStaysInSight();
@@ -209,6 +213,27 @@ void TestMainWindow::everyTabAtTheSmallestSize()
             QVERIFY2(widget->height() >= widget->minimumSizeHint().height(), who);
         }
     }
+}
+
+void TestMainWindow::droppedShootFileIsOpened()
+{
+    UiFixture shoot;
+    MainView window(shoot.ui);
+    QFile file(shoot.data.filePath(u"Ibiza 100%.morvak"_s));
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(
+        R"({"id": "6B1F3C0E-7A57-4C55-9C0B-0D6B3A1E2F40", "name": "Ibiza", "location": "", "client": "",
+                   "date": "2026-03-14T09:30:00Z", "sets": []})");
+    file.close();
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(file.fileName())});
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &drop);
+    QTRY_COMPARE(shoot.store.shoots().size(), 1);
+    QCOMPARE(shoot.store.activeShoot()->name, u"Ibiza"_s);
 }
 
 void TestMainWindow::panelFollowsTheWatcherAndStopsIt()
