@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const StartContext context{u"/work/shoots"_s, u"1.2.3"_s, u"/data/shoots.json"_s, u"/config/Morvak.conf"_s};
+const StartContext context{u"/srv/shoots"_s, u"1.2.3"_s, u"/data/shoots.json"_s, u"/config/Morvak.conf"_s};
 
 /// "scan exit dark /a /b" or "2: text".
 QString inWords(const std::variant<StartOptions, StartAnswer>& result)
@@ -48,9 +48,9 @@ void TestStartOptions::understands_data()
         u"scan exit dark"_s);
     row("theme with =", {u"--theme=system"_s}, u"system"_s);
     row("files", {u"/a.morvak"_s, u"b.morvak"_s, u"../c.morvak"_s, u"./-d.morvak"_s},
-        u"/a.morvak /work/shoots/b.morvak /work/c.morvak /work/shoots/-d.morvak"_s);
-    row("file between options", {u"b"_s, u"--theme"_s, u"light"_s}, u"light /work/shoots/b"_s);
-    row("after --", {u"--"_s, u"--help"_s}, u"/work/shoots/--help"_s);
+        u"/a.morvak /srv/shoots/b.morvak /srv/c.morvak /srv/shoots/-d.morvak"_s);
+    row("file between options", {u"b"_s, u"--theme"_s, u"light"_s}, u"light /srv/shoots/b"_s);
+    row("after --", {u"--"_s, u"--help"_s}, u"/srv/shoots/--help"_s);
     row("URLs", {u"file:///x%20y/%E2%82%AC.morvak"_s, u"FILE://localhost/z"_s}, u"/x y/€.morvak /z"_s);
     row("URL of another machine", {u"file://server/z"_s},
         u"2: morvak: geen bestand van deze computer: file://server/z"_s);
