@@ -39,13 +39,4 @@ QList<FoundFile> filesBelow(const QString& folder, const std::function<bool(cons
     return found;
 }
 
-bool isSameFolder(const QString& a, const QString& b)
-{
-    struct stat first = {};
-    struct stat second = {};
-    return ::stat(encodeFileName(a).constData(), &first) == 0 &&
-           ::stat(encodeFileName(b).constData(), &second) == 0 && S_ISDIR(first.st_mode) &&
-           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
-}
-
 }  // namespace morvak

@@ -20,7 +20,4 @@ struct FoundFile {
                                           const std::function<bool(const QString& name)>& accept,
                                           const std::stop_token& stop);
 
-/// Whether both paths lead to the same folder, through symbolic links too. Any thread.
-[[nodiscard]] bool isSameFolder(const QString& a, const QString& b);
-
 }  // namespace morvak

@@ -2,7 +2,7 @@
 
 #include "platform/Diagnostics.h"
 #include "platform/FileName.h"
-#include "platform/FolderWalk.h"
+#include "platform/FolderHandle.h"
 #include "store/ShootManager.h"
 #include "watch/PhotoTypes.h"
 
@@ -264,7 +264,8 @@ QString FolderWatcher::pathOf(const QString& name) const
 QString FolderWatcher::asWatched(const QString& path) const
 {
     const QString name = lastPathComponent(path);
-    return isSameFolder(path.chopped(name.size()), m_watchPath) ? pathOf(name) : path;
+    const FolderHandle folder(path.chopped(name.size()));
+    return folder.isSameAs(FolderHandle(m_watchPath)) ? pathOf(name) : path;
 }
 
 void FolderWatcher::setWatchPath(const QString& path)

@@ -2,6 +2,7 @@
 #include "SamplePhotos.h"
 #include "metadata/ExifToolService.h"
 #include "platform/FileName.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -15,6 +16,7 @@
 
 using namespace std::chrono_literals;
 using namespace morvak;
+using morvak::test::writeFile;
 using Rows = QList<SubjectAndDate>;
 
 namespace {
@@ -22,13 +24,6 @@ namespace {
 SubjectAndDate row(const char* name, const char* subject, const char* date)
 {
     return {QString::fromUtf8(name), QString::fromUtf8(subject), QString::fromUtf8(date)};
-}
-
-void writeFile(const QString& path, const QByteArray& contents)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        qFatal("cannot write %s", qPrintable(path));
 }
 
 std::future<Rows> startReading(ExifToolService& service, const QString& folder)

@@ -3,6 +3,7 @@
 #include "metadata/ExifToolService.h"
 #include "platform/FileName.h"
 #include "platform/PhotoFile.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -22,18 +23,11 @@
 #include <unistd.h>
 
 using namespace morvak;
+using morvak::test::writeFile;
 
 namespace {
 
 constexpr int toolTime = 30'000;
-
-void writeFile(const QString& path, const QByteArray& contents)
-{
-    const int file = ::open(encodeFileName(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (file < 0 || ::write(file, contents.data(), static_cast<size_t>(contents.size())) != contents.size())
-        qFatal("cannot write %s", qPrintable(path));
-    ::close(file);
-}
 
 QByteArray runTool(const QStringList& arguments)
 {

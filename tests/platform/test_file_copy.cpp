@@ -1,6 +1,7 @@
 #include "platform/FileCopy.h"
 #include "platform/FileName.h"
 #include "platform/PhotoFile.h"
+#include "support/Files.h"
 #include "support/FullDisk.h"
 #include "support/TestMain.h"
 
@@ -16,17 +17,11 @@
 #include <unistd.h>
 
 using namespace morvak;
+using morvak::test::writeFile;
 
 namespace {
 
 const QString photoName = QStringLiteral("a.CR3");
-
-void writeFile(const QString& path, const QByteArray& contents)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        qFatal("cannot write %s", qPrintable(path));
-}
 
 QByteArray contentsOf(const QString& path)
 {

@@ -5,6 +5,7 @@
 #include "rename/RawRenameService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "support/CapturedOutput.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -17,16 +18,10 @@
 #include <unistd.h>
 
 using namespace morvak;
+using morvak::test::writeFile;
 using Entries = QList<SubjectAndDate>;
 
 namespace {
-
-void writeFile(const QString& path, const QByteArray& contents)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        qFatal("cannot write %s", qPrintable(path));
-}
 
 /// Name and content of every file; "/" stands for a folder's content.
 QMap<QString, QByteArray> filesIn(const QString& folder)

@@ -192,12 +192,12 @@ void TestMainWindow::everyTabAtTheSmallestSize()
                 u"Atelier Lindgren & Zonen "_s.repeated(4))));
         shoot.watcher->addLog(u"❌ Tagging mislukt: "_s + u"lange naam "_s.repeated(20), LogType::error);
     }
+    QTRY_COMPARE(shoot.watcher->log().isEmpty(), !full);
     MainView window(shoot.ui);
     window.resize(window.minimumSize());
     window.setSelectedTab(tab);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QTest::qWait(100);  // the refreshes that are put together
     for (const QWidget* widget : window.findChildren<QWidget*>()) {
         if (!widget->isVisible())
             continue;

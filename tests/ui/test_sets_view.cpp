@@ -1,5 +1,6 @@
 #include "UiFixture.h"
 #include "support/TestMain.h"
+#include "text/ImportText.h"
 #include "ui/sets/NewShootSheet.h"
 #include "ui/sets/ScanField.h"
 #include "ui/sets/SetListModel.h"
@@ -294,9 +295,9 @@ void TestSetsView::tooLargeFileIsNotRead()
     const QTemporaryDir folder;
     QFile file(folder.filePath(u"large.morvak"_s));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QVERIFY(file.resize(mostShootFileBytes));
+    QVERIFY(file.resize(mostImportedBytes));
     QVERIFY(readShootFile(file.fileName()));
-    QVERIFY(file.resize(mostShootFileBytes + 1));
+    QVERIFY(file.resize(mostImportedBytes + 1));
     QVERIFY(!readShootFile(file.fileName()));
 }
 

@@ -1,6 +1,7 @@
 #include "ui/main/HeaderState.h"
 
 #include "ui/sets/SetTexts.h"
+#include "ui/watch/LogText.h"
 
 #include <algorithm>
 
@@ -44,8 +45,7 @@ HeaderState HeaderText::of(const HeaderFacts& facts)
     state.set = state.hasSet ? SetTexts::name(*facts.taggingSet) : tr("Geen actieve set");
     state.difference = difference(facts);
     if (facts.lastFailure) {
-        state.failure =
-            facts.lastFailure->time.toString(QStringLiteral("HH:mm:ss")) + u' ' + facts.lastFailure->message;
+        state.failure = clockTime(*facts.lastFailure) + u' ' + facts.lastFailure->message;
         state.failureRole = facts.lastFailure->type == LogType::error ? Role::danger : Role::warning;
     }
     return state;

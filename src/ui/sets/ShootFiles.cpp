@@ -3,6 +3,7 @@
 #include "platform/Diagnostics.h"
 #include "platform/FileName.h"
 #include "store/ShootManager.h"
+#include "text/ImportText.h"
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
 
@@ -24,8 +25,8 @@ std::optional<QByteArray> readShootFile(const QString& path)
         diagnostic(u"⚠️ Het shootbestand kan niet gelezen worden: "_s + path);
         return std::nullopt;
     }
-    QByteArray bytes = file.read(mostShootFileBytes + 1);
-    if (bytes.size() > mostShootFileBytes || file.error() != QFileDevice::NoError) {
+    QByteArray bytes = file.read(mostImportedBytes + 1);
+    if (bytes.size() > mostImportedBytes || file.error() != QFileDevice::NoError) {
         diagnostic(u"⚠️ Het shootbestand is te groot of onleesbaar: "_s + path);
         return std::nullopt;
     }

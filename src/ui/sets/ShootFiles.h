@@ -12,8 +12,6 @@ namespace morvak {
 
 struct UiServices;
 
-inline constexpr qint64 mostShootFileBytes = qint64(64) << 20;
-
 /// A whole file; none when it is no ordinary file, too large for a shoot, or cannot be read.
 [[nodiscard]] std::optional<QByteArray> readShootFile(const QString& path);
 
