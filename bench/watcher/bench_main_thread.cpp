@@ -6,6 +6,7 @@
 //   bench_main_thread [photos=1000]
 
 #include "app/WatcherWiring.h"
+#include "catalog/ProductCatalog.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Signals.h"
 #include "sampleshoot/PhotoEncoders.h"
@@ -130,6 +131,7 @@ int main(int argc, char** argv)
     exifTool.start();
     watcher.startWatching(folder.path());
 
+    ProductCatalog catalog(folder.filePath(QStringLiteral("store/catalog.json")));
     Theme theme;
     DesktopDialogs dialogs;
     UpdateConfig updateConfig;
@@ -137,12 +139,14 @@ int main(int argc, char** argv)
     UpdateChecker updates(updateConfig);
     UiServices services{.shoots = store,
                         .watcher = watcher,
+                        .catalog = catalog,
                         .updates = updates,
                         .theme = theme,
                         .dialogs = dialogs,
                         .version = QStringLiteral("0"),
                         .startTool = [] {},
                         .stopTool = [] {},
+                        .readSubjectsAndDates = {},
                         .openInBrowser = [](const QUrl&) {}};
     MainView window(services);
     window.show();

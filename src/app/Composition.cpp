@@ -36,7 +36,10 @@ void openPage(const QUrl& page)
 }  // namespace
 
 Composition::Composition(const CompositionParts& parts)
-    : m_parts(parts), m_shoots(parts.storeFile), m_watcher(watcherServices(parts.exifTool))
+    : m_parts(parts),
+      m_shoots(parts.storeFile),
+      m_catalog(parts.catalogFile),
+      m_watcher(watcherServices(parts.exifTool))
 {
     printLog(m_watcher);
 }
@@ -56,12 +59,17 @@ void Composition::showWindows(Theme::Choice choice)
     m_theme->setChoice(choice);
     m_services.emplace(UiServices{.shoots = m_shoots,
                                   .watcher = m_watcher,
+                                  .catalog = m_catalog,
                                   .updates = m_parts.updates,
                                   .theme = *m_theme,
                                   .dialogs = m_dialogs,
                                   .version = m_parts.version,
                                   .startTool = [this] { m_parts.exifTool.start(); },
                                   .stopTool = [this] { m_parts.exifTool.stop(); },
+                                  .readSubjectsAndDates =
+                                      [this](const QString& in, const QSet<QString>& extensions) {
+                                          return m_parts.exifTool.readSubjectsAndDates(in, extensions);
+                                      },
                                   .openInBrowser = openPage});
     m_shell = std::make_unique<Shell>(*m_services);
     connect(m_shell.get(), &Shell::quitAsked, this, &Composition::quitAsked);

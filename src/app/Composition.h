@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
 #include "ui/DesktopDialogs.h"
 #include "ui/UiServices.h"
@@ -21,7 +22,8 @@ class ScanInput;
 struct CompositionParts {
     ExifToolService& exifTool;
     UpdateChecker& updates;
-    QString storeFile;  ///< of the shoots
+    QString storeFile;    ///< of the shoots
+    QString catalogFile;  ///< of the products
     QString version;
     bool checksForUpdates = true;  ///< not where nobody could see what they find
 };
@@ -70,6 +72,7 @@ private:
 
     CompositionParts m_parts;
     ShootManager m_shoots;
+    ProductCatalog m_catalog;
     FolderWatcher m_watcher;
     DesktopDialogs m_dialogs;
     std::unique_ptr<Theme> m_theme;

@@ -80,6 +80,7 @@ int run(const StartOptions& options, bool unseen, SingleInstance& instance)
     Composition morvak({.exifTool = ExifToolService::shared(),
                         .updates = UpdateChecker::shared(),
                         .storeFile = storeFolder() + u"/shoots.json"_s,
+                        .catalogFile = storeFolder() + u"/catalog.json"_s,
                         .version = QStringLiteral(MORVAK_VERSION),
                         .checksForUpdates = isSeen});
     QObject::connect(&morvak, &Composition::quitAsked, qApp, [] { QCoreApplication::exit(); });

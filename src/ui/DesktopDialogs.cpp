@@ -19,16 +19,18 @@ namespace morvak {
 
 namespace {
 
-/// Not the folder that the program happens to have been started in.
-QString usualFolder()
+/// `lastFolder` while it is there; not the folder that the program happens to have been started in.
+QString usualFolder(const QString& lastFolder)
 {
+    if (!lastFolder.isEmpty() && QFileInfo(lastFolder).isDir())
+        return lastFolder;
     const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
 }
 
-std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title)
+std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title, const QString& lastFolder)
 {
-    auto dialog = std::make_unique<QFileDialog>(parent, title, usualFolder());
+    auto dialog = std::make_unique<QFileDialog>(parent, title, usualFolder(lastFolder));
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setLabelText(QFileDialog::Reject, DesktopDialogs::tr("Annuleer"));
     dialog->setLabelText(QFileDialog::LookIn, DesktopDialogs::tr("In:"));
@@ -37,43 +39,46 @@ std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title)
     return dialog;
 }
 
-QString chosenFile(QFileDialog& dialog)
-{
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
 }  // namespace
+
+QString DesktopDialogs::chosenPath(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    m_lastFolder = dialog.directory().absolutePath();
+    return dialog.selectedFiles().value(0);
+}
 
 QString DesktopDialogs::chooseFolder(QWidget* parent, const QString& title, const QString& acceptLabel,
                                      const QString& startFolder)
 {
-    const auto dialog = fileDialog(parent, title);
+    const auto dialog = fileDialog(parent, title, m_lastFolder);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, acceptLabel);
     if (!startFolder.isEmpty())
         dialog->setDirectory(startFolder);
-    return chosenFile(*dialog);
+    return chosenPath(*dialog);
 }
 
 QString DesktopDialogs::openFile(QWidget* parent, const QString& title, const QString& filter)
 {
-    const auto dialog = fileDialog(parent, title);
+    const auto dialog = fileDialog(parent, title, m_lastFolder);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilter(filter);
     dialog->setLabelText(QFileDialog::Accept, tr("Open"));
-    return chosenFile(*dialog);
+    return chosenPath(*dialog);
 }
 
 QString DesktopDialogs::saveFile(QWidget* parent, const QString& title, const QString& proposedName,
                                  const QString& filter, const QString& extension)
 {
-    const auto dialog = fileDialog(parent, title);
+    const auto dialog = fileDialog(parent, title, m_lastFolder);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilter(filter);
     dialog->setLabelText(QFileDialog::Accept, tr("Bewaar"));
     dialog->selectFile(asFileName(proposedName));
-    const QString chosen = chosenFile(*dialog);
+    const QString chosen = chosenPath(*dialog);
     if (chosen.isEmpty())
         return {};
     const QString path = withExtension(chosen, extension);

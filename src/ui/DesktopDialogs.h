@@ -4,9 +4,12 @@
 
 #include <QCoreApplication>
 
+class QFileDialog;
+
 namespace morvak {
 
-/// The dialogs as the user sees them: the desktop's file chooser where it has one, else Qt's.
+/// The dialogs as the user sees them: the desktop's file chooser where it has one, else Qt's. They begin
+/// where the last file or folder of this run was chosen.
 class DesktopDialogs final : public Dialogs {
     Q_DECLARE_TR_FUNCTIONS(morvak::DesktopDialogs)
 
@@ -19,6 +22,11 @@ public:
     bool confirm(QWidget* parent, const QString& title, const QString& message,
                  const QString& destructiveLabel) override;
     void alert(QWidget* parent, const QString& title, const QString& message) override;
+
+private:
+    [[nodiscard]] QString chosenPath(QFileDialog& dialog);
+
+    QString m_lastFolder;  // of this run
 };
 
 /// The path with the extension behind it, unless it ends with that in any case.

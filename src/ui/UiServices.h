@@ -1,5 +1,7 @@
 #pragma once
 
+#include "rename/RawRenameService.h"
+
 #include <QString>
 #include <QUrl>
 
@@ -9,6 +11,7 @@ namespace morvak {
 
 class Dialogs;
 class FolderWatcher;
+class ProductCatalog;
 class ShootManager;
 class Theme;
 class UpdateChecker;
@@ -17,12 +20,14 @@ class UpdateChecker;
 struct UiServices {
     ShootManager& shoots;
     FolderWatcher& watcher;
+    ProductCatalog& catalog;
     UpdateChecker& updates;
     Theme& theme;
     Dialogs& dialogs;
     QString version;                  ///< "1.0.0"
     std::function<void()> startTool;  ///< the metadata bridge, after a stop
     std::function<void()> stopTool;
+    RawRenameService::Reading readSubjectsAndDates;  ///< of the metadata bridge
     std::function<void(const QUrl&)> openInBrowser;
 };
 

@@ -35,6 +35,7 @@ public:
         return {.exifTool = m_exifTool,
                 .updates = m_updates,
                 .storeFile = storeFile(),
+                .catalogFile = m_root.filePath(u"catalog.json"_s),
                 .version = u"1.0.0"_s,
                 .checksForUpdates = false};
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalog/ProductCatalog.h"
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
 #include "ui/theme/Theme.h"
@@ -12,7 +13,7 @@
 
 namespace morvak::test {
 
-/// Answers that a test has given before.
+/// Answers that a test has given before, and what was asked.
 class ScriptedDialogs final : public Dialogs {
 public:
     QString chooseFolder(QWidget*, const QString& title, const QString& acceptLabel,
@@ -21,16 +22,30 @@ public:
         asked = {title, acceptLabel, startFolder};
         return folder;
     }
-    QString openFile(QWidget*, const QString&, const QString&) override { return {}; }
-    QString saveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override
+    QString openFile(QWidget*, const QString&, const QString&) override { return file; }
+    QString saveFile(QWidget*, const QString&, const QString& proposedName, const QString& filter,
+                     const QString& extension) override
     {
-        return {};
+        asked = {proposedName, filter, extension};
+        return saved;
     }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&) override { return false; }
-    void alert(QWidget*, const QString&, const QString&) override {}
+    bool confirm(QWidget*, const QString& title, const QString& message,
+                 const QString& destructiveLabel) override
+    {
+        asked = {title, message, destructiveLabel};
+        return confirms;
+    }
+    void alert(QWidget*, const QString& title, const QString& message) override
+    {
+        alerts << title << message;
+    }
 
-    QString folder;
-    QStringList asked;
+    QString folder;         ///< to choose
+    QString file;           ///< to open
+    QString saved;          ///< where to save
+    bool confirms = false;  ///< the answer to destructive questions
+    QStringList asked;      ///< texts of the last question
+    QStringList alerts;     ///< titles and messages
 };
 
 /// What a screen is handed, on a watcher whose events are scripted.
@@ -40,9 +55,19 @@ public:
     ScriptedDialogs dialogs;
     UpdateChecker updates{privateConfig(data.filePath(QStringLiteral("preferences")))};
     int toolStarts = 0;
-    UiServices ui{
-        store, *watcher,          updates, theme, dialogs, QStringLiteral("1.0.0"), [this] { ++toolStarts; },
-        [] {}, [](const QUrl&) {}};
+    ProductCatalog catalog{data.filePath(QStringLiteral("catalog.json"))};
+    QList<SubjectAndDate> taggedPhotos;  ///< what the tool reads from whatever folder
+    UiServices ui{store,
+                  *watcher,
+                  catalog,
+                  updates,
+                  theme,
+                  dialogs,
+                  QStringLiteral("1.0.0"),
+                  [this] { ++toolStarts; },
+                  [] {},
+                  [this](const QString&, const QSet<QString>&) { return taggedPhotos; },
+                  [](const QUrl&) {}};
 
 private:
     static UpdateConfig privateConfig(const QString& preferences)

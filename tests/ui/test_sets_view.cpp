@@ -27,29 +27,11 @@ using morvak::test::UiFixture;
 
 namespace {
 
-class Alerts final : public Dialogs {
-public:
-    QString chooseFolder(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
-    QString openFile(QWidget*, const QString&, const QString&) override { return file; }
-    QString saveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override
-    {
-        return {};
-    }
-    bool confirm(QWidget*, const QString&, const QString&, const QString&) override { return false; }
-    void alert(QWidget*, const QString& title, const QString& message) override
-    {
-        alerts << title << message;
-    }
-
-    QString file;
-    QStringList alerts;
-};
-
 class Sets : public UiFixture {
 public:
-    Sets() : services{store, *watcher, updates, theme, alerts, u"1.0.0"_s, [] {}, [] {}, [](const QUrl&) {}}
+    Sets()
     {
-        view = std::make_unique<SetsView>(services);
+        view = std::make_unique<SetsView>(ui);
         view->resize(900, 500);
         view->show();
     }
@@ -60,8 +42,6 @@ public:
         return *view->findChild<Widget*>(name);
     }
 
-    Alerts alerts;
-    UiServices services;
     std::unique_ptr<SetsView> view;
 };
 
@@ -273,19 +253,19 @@ void TestSetsView::shootFilesAreOpenedOrTold()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(*sets.store.exportJSON(*sets.store.activeShootId()));
     file.close();
-    sets.alerts.file = path;
+    sets.dialogs.file = path;
     sets.view->chooseShootFile();
     QCOMPARE(sets.store.shoots().size(), 2);
-    QVERIFY(sets.alerts.alerts.isEmpty());
+    QVERIFY(sets.dialogs.alerts.isEmpty());
 
     const QStringList told{u"Kon .morvak-bestand niet openen"_s,
                            u"Het bestand kon niet gelezen worden, mogelijk beschadigd of geen geldig "
                            ".morvak-bestand."_s};
     for (const QString& unreadable :
          {sets.put(u"x.morvak"_s, "[]"), sets.folder.path(), sets.path(u"none.morvak"_s)}) {
-        sets.alerts.alerts.clear();
-        openShootFile(sets.services, unreadable, sets.view.get());
-        QCOMPARE(sets.alerts.alerts, told);
+        sets.dialogs.alerts.clear();
+        openShootFile(sets.ui, unreadable, sets.view.get());
+        QCOMPARE(sets.dialogs.alerts, told);
     }
     QCOMPARE(sets.store.shoots().size(), 2);
 }

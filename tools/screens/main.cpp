@@ -2,6 +2,7 @@
 // display.
 
 #include "MadeUpShoot.h"
+#include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
 #include "ui/DesktopDialogs.h"
 #include "ui/UiServices.h"
@@ -53,10 +54,11 @@ public:
     Screens(const QDir& folder, Theme& theme, int sets)
         : m_folder(folder),
           m_shoots(m_data.filePath(u"shoots.json"_s)),
+          m_catalog(m_data.filePath(u"catalog.json"_s)),
           m_watcher(quietServices()),
           m_updates(knownUpdate(m_data.filePath(u"preferences"_s))),
-          m_services{m_shoots, m_watcher, m_updates,         theme, m_dialogs, u"1.0.0"_s,
-                     [] {},    [] {},     [](const QUrl&) {}}
+          m_services{m_shoots, m_watcher, m_catalog, m_updates,         theme, m_dialogs, u"1.0.0"_s,
+                     [] {},    [] {},     {},        [](const QUrl&) {}}
     {
         fillIn(m_shoots, m_watcher, sets);
         m_prefix = u"%1-%2"_s.arg(theme.scheme() == Scheme::dark ? u"dark"_s : u"light"_s).arg(sets);
@@ -103,6 +105,7 @@ private:
     QDir m_folder;
     QTemporaryDir m_data;
     ShootManager m_shoots;
+    ProductCatalog m_catalog;
     FolderWatcher m_watcher;
     UpdateChecker m_updates;
     DesktopDialogs m_dialogs;

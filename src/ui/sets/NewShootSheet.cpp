@@ -1,31 +1,13 @@
 #include "ui/sets/NewShootSheet.h"
 
-#include "ui/blocks/TextLook.h"
-#include "ui/theme/Metrics.h"
+#include "ui/blocks/FormField.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace morvak {
-
-namespace {
-
-void addField(QVBoxLayout& content, const QString& label, QWidget* field)
-{
-    auto* const group = new QVBoxLayout;
-    group->setSpacing(metrics::inGroup / 2);
-    QLabel* const text = makeText(label, TextStyle::body);
-    text->setBuddy(field);
-    field->setAccessibleName(label);
-    group->addWidget(text);
-    group->addWidget(field);
-    content.addLayout(group);
-}
-
-}  // namespace
 
 NewShootSheet::NewShootSheet(const QStringList& clients, QWidget* window)
     : SheetFrame(tr("Nieuwe Shoot"), window),
@@ -37,9 +19,9 @@ NewShootSheet::NewShootSheet(const QStringList& clients, QWidget* window)
     m_name->setObjectName(QStringLiteral("shootName"));
     m_location->setObjectName(QStringLiteral("shootLocation"));
     m_client->setObjectName(QStringLiteral("shootClient"));
-    addField(*content(), tr("Naam (bijv. Ibiza Zomer 2026)"), m_name);
-    addField(*content(), tr("Locatie (optioneel)"), m_location);
-    addField(*content(), tr("Klant (optioneel)"), m_client);
+    addFormField(*content(), tr("Naam (bijv. Ibiza Zomer 2026)"), m_name);
+    addFormField(*content(), tr("Locatie (optioneel)"), m_location);
+    addFormField(*content(), tr("Klant (optioneel)"), m_client);
     m_client->addItem(tr("Geen klant"));
     for (const QString& client : clients)
         m_client->addItem(client, client);

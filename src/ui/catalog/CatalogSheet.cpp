@@ -1,0 +1,10 @@
+#include "ui/catalog/CatalogSheet.h"
+
+namespace morvak {
+
+CatalogSheet::CatalogSheet(UiServices&, const QString&, QWidget* window)
+    : SheetFrame(tr("Productcatalogus"), window)
+{
+}
+
+}  // namespace morvak

@@ -1,0 +1,10 @@
+#include "ui/catalog/ClientsSheet.h"
+
+namespace morvak {
+
+ClientsSheet::ClientsSheet(UiServices&, const QStringList&, QWidget* window)
+    : SheetFrame(tr("Klanten"), window)
+{
+}
+
+}  // namespace morvak

@@ -1,0 +1,7 @@
+#include "ui/rename/RenameView.h"
+
+namespace morvak {
+
+RenameView::RenameView(UiServices&, QWidget* parent) : QWidget(parent) {}
+
+}  // namespace morvak

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "model/SetData.h"
+#include "ui/blocks/SheetFrame.h"
+
+namespace morvak {
+
+class ItemRows;
+struct UiServices;
+
+/// What the user enters of a set, as typed.
+struct SetFields {
+    QString setNumber;
+    QString brand;
+    QString model;
+    QString location;
+    QString email;
+    QList<SetItem> items;
+};
+
+/// `set` with these fields; all else of it stays. Pure.
+[[nodiscard]] SetData withFields(SetData set, const SetFields& fields);
+
+/// The fields of a set; `fields` is the answer when it is accepted.
+class SetSheet : public SheetFrame {
+    Q_OBJECT
+
+public:
+    [[nodiscard]] SetFields fields() const;
+
+protected:
+    SetSheet(UiServices& services, const QString& title, const QString& primaryLabel, QWidget* window);
+
+    void fill(const SetFields& fields);
+};
+
+/// Asks for a new set.
+class NewSetSheet final : public SetSheet {
+    Q_OBJECT
+
+public:
+    NewSetSheet(UiServices& services, QWidget* window);
+};
+
+/// Shows a set and asks for its changes.
+class EditSetSheet final : public SetSheet {
+    Q_OBJECT
+
+public:
+    EditSetSheet(UiServices& services, const SetData& set, QWidget* window);
+};
+
+}  // namespace morvak
