@@ -3,6 +3,7 @@
 #include "MorvakRun.h"
 #include "Sections.h"
 #include "ShellLoop.h"
+#include "support/FigureTable.h"
 
 #include <QTemporaryDir>
 
@@ -64,6 +65,14 @@ void print(const char* who, const Result& result, const BenchShoot& shoot)
     std::fflush(stdout);
 }
 
+void addToTable(const QString& subject, const Result& morvak, const QString& rival, const Result& other)
+{
+    const auto told = [](const Result& result) {
+        return QStringLiteral("%1 s").arg(result.time.count(), 0, 'f', 1);
+    };
+    addFigure(subject, told(morvak), Comparison{rival, told(other), morvak.time / other.time});
+}
+
 /// The contenders in turn, on photos of `kinds`.
 bool compare(const BenchOptions& options, const BenchShoot& shoot, const char* kinds)
 {
@@ -74,10 +83,16 @@ bool compare(const BenchOptions& options, const BenchShoot& shoot, const char* k
     const Result morvak = morvakRun(shoot, options.program);
     print("morvak", morvak, shoot);
     std::printf("  morvak takes %.2f times the bare writes\n", morvak.time / bare.time);
+    const QString subject = QStringLiteral("Burst: %1 photos of %2 MB (%3)")
+                                .arg(options.photos)
+                                .arg(options.size / 1'000'000)
+                                .arg(QString::fromLatin1(kinds));
+    addToTable(subject, morvak, QStringLiteral("one bare stay-open tool"), bare);
     bool right = bare.tagged == options.photos && morvak.tagged == options.photos;
     if (options.shellLoop) {
         const Result shell = shellLoop(shoot);
         print("shell loop", shell, shoot);
+        addToTable(subject, morvak, QStringLiteral("the shell loop"), shell);
         std::printf("  morvak is %.2f times as fast as the shell loop\n", shell.time / morvak.time);
         right = right && shell.tagged == options.photos;
     }

@@ -3,6 +3,7 @@
 #include "MorvakRun.h"
 #include "ProcessFigures.h"
 #include "Sections.h"
+#include "support/FigureTable.h"
 
 #include <cstdio>
 
@@ -27,6 +28,8 @@ bool measureIdle(const BenchOptions& options)
     const qint64 woken = wakeUps(run.processId()) - wokenBefore;
     std::printf("idle: %lld s after tagging, with its children\n", qlonglong{quiet.count()});
     std::printf("  processor time %lld ms   wake-ups %lld\n", qlonglong{time.count()}, qlonglong{woken});
+    addFigure(QStringLiteral("Idle for %1 s, with its children").arg(quiet.count()),
+              QStringLiteral("%1 ms of processor, %2 wake-ups").arg(time.count()).arg(woken));
     return countTagged(run.folder(), shoot.names()) == shoot.names().size();
 }
 

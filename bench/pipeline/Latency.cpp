@@ -1,13 +1,29 @@
+#include "BareWrites.h"
 #include "BenchShoot.h"
 #include "FolderMeter.h"
 #include "MorvakRun.h"
 #include "Sections.h"
+#include "support/FigureTable.h"
+
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
 #include <vector>
 
 namespace morvak::bench {
+
+namespace {
+
+double secondsOfBareWrite(const BenchShoot& shoot)
+{
+    const QTemporaryDir root;
+    const QDir folder(root.path());
+    shoot.drop(folder);
+    return timeBareWrites(folder, shoot.names()).count() / double(shoot.names().size());
+}
+
+}  // namespace
 
 bool measureLatency(const BenchOptions& options)
 {
@@ -41,6 +57,15 @@ bool measureLatency(const BenchOptions& options)
                 qlonglong{options.shots}, static_cast<double>(options.size) / 1e6);
     std::printf("  median %.2f s   95 %% %.2f s   longest %.2f s   tagged right %lld/%lld\n", part(0.5),
                 part(0.95), part(1.0), qlonglong{tagged}, qlonglong{options.shots});
+    const double bare = secondsOfBareWrite(shoot);
+    std::printf("  a bare write takes %.2f s\n", bare);
+    addFigure(QStringLiteral("Latency of %1 photos of %2 MB, two a second: median (95 %: %3 s)")
+                  .arg(options.shots)
+                  .arg(options.size / 1'000'000)
+                  .arg(part(0.95), 0, 'f', 2),
+              QStringLiteral("%1 s").arg(part(0.5), 0, 'f', 2),
+              Comparison{QStringLiteral("one write by the bare tool"),
+                         QStringLiteral("%1 s").arg(bare, 0, 'f', 2), part(0.5) / bare});
     return tagged == options.shots;
 }
 

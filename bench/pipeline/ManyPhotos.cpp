@@ -3,6 +3,7 @@
 #include "MorvakRun.h"
 #include "ProcessFigures.h"
 #include "Sections.h"
+#include "support/FigureTable.h"
 
 #include <cstdio>
 
@@ -14,6 +15,7 @@ bool measureManyPhotos(const BenchOptions& options)
     MorvakRun run(options.program, std::chrono::minutes(10));
     run.activateSet();
     const FolderMeter meter(run.folder().path(), shoot.names());
+    const double before = static_cast<double>(peakMemory(run.processId())) / 1e6;
     const auto start = Clock::now();
     shoot.drop(run.folder());
     const bool all = run.pacer().waitUntil([&meter] { return meter.sawAll(); });
@@ -25,6 +27,10 @@ bool measureManyPhotos(const BenchOptions& options)
     std::printf("  %s %.1f s   tagged right %lld/%lld   peak memory of morvak %.0f MB\n",
                 all ? "all in" : "given up after", time.count(), qlonglong{tagged}, qlonglong{options.small},
                 memory);
+    const auto told = [](double megabytes) { return QStringLiteral("%1 MB").arg(megabytes, 0, 'f', 0); };
+    addFigure(QStringLiteral("Memory, at most, while %1 photos arrive at once").arg(options.small),
+              told(memory),
+              Comparison{QStringLiteral("itself before the first photo"), told(before), memory / before});
     return tagged == options.small;
 }
 

@@ -8,7 +8,9 @@
 #include "store/ShootFile.h"
 #include "store/ShootManager.h"
 #include "store/StoreFile.h"
+#include "support/FigureTable.h"
 
+#include <QHash>
 #include <QJsonDocument>
 #include <QSaveFile>
 #include <QTemporaryDir>
@@ -214,4 +216,50 @@ BENCHMARK(importRows)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(saveImported)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(shootFile)->Unit(benchmark::kMillisecond);
 
-BENCHMARK_MAIN();
+namespace {
+
+/// Keeps the times for the table.
+class Reporter final : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs)
+            m_milliseconds.insert(QString::fromStdString(run.run_name.function_name),
+                                  run.GetAdjustedRealTime());
+    }
+
+    void addFigures() const
+    {
+        const QString shoots =
+            QStringLiteral("Store of %1 shoots of %2 sets, ").arg(shootCount).arg(setCount);
+        add(shoots + QStringLiteral("saving"), "save", QStringLiteral("a bare write of the same bytes"),
+            "bareWrite");
+        add(shoots + QStringLiteral("loading"), "load", QStringLiteral("parsing the same JSON"), "bareParse");
+        add(QStringLiteral("Import of %1 CSV rows").arg(rowCount), "importRows",
+            QStringLiteral("saving the result"), "saveImported");
+    }
+
+private:
+    void add(const QString& subject, const char* ours, const QString& what, const char* theirs) const
+    {
+        const double time = m_milliseconds.value(QString::fromLatin1(ours));
+        const double bare = m_milliseconds.value(QString::fromLatin1(theirs));
+        if (time <= 0 || bare <= 0)
+            return;  // filtered out
+        const auto told = [](double ms) { return QStringLiteral("%1 ms").arg(ms, 0, 'f', 1); };
+        bench::addFigure(subject, told(time), bench::Comparison{what, told(bare), time / bare});
+    }
+
+    QHash<QString, double> m_milliseconds;
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    Reporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.addFigures();
+}

@@ -5,6 +5,7 @@
 #include "metadata/ExifToolService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
+#include "support/FigureTable.h"
 #include "watch/FolderWatcher.h"
 
 #include <QCommandLineParser>
@@ -126,6 +127,13 @@ int main(int argc, char** argv)
         "%d photos with a headline: %.1f s, %.1f ms each; a run of exiftool each takes %.1f ms, %.1fx\n",
         photos, scan, scan / photos * 1e3, oneShot * 1e3, oneShot / (scan / photos));
     std::printf("new photo tagged after %.2f s on its own, %.2f s meanwhile\n", quiet, meanwhile);
+    const auto told = [](double seconds) { return u"%1 ms"_s.arg(seconds * 1e3, 0, 'f', 1); };
+    const auto toldSeconds = [](double seconds) { return u"%1 s"_s.arg(seconds, 0, 'f', 2); };
+    bench::addFigure(
+        u"Backlog: %1 tagged photos looked through, each"_s.arg(photos), told(scan / photos),
+        bench::Comparison{u"one run of the bare tool a photo"_s, told(oneShot), scan / photos / oneShot});
+    bench::addFigure(u"A new photo while the backlog goes on"_s, toldSeconds(meanwhile),
+                     bench::Comparison{u"without a backlog"_s, toldSeconds(quiet), meanwhile / quiet});
     watcher.prepareToQuit();
     exifTool.terminateForAppQuit();
     return summary->totalCandidates == 0 ? 0 : 1;

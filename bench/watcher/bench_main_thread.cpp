@@ -11,6 +11,7 @@
 #include "platform/Signals.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "store/ShootManager.h"
+#include "support/FigureTable.h"
 #include "ui/DesktopDialogs.h"
 #include "ui/UiServices.h"
 #include "ui/main/MainView.h"
@@ -67,6 +68,11 @@ public:
     {
         std::printf("%s, gap between turns in ms: median %.2f, 95 %% %.2f, 99 %% %.2f, longest %.2f\n",
                     during, quantile(0.5), quantile(0.95), quantile(0.99), quantile(1));
+        bench::addFigure(
+            QStringLiteral("Main thread, window open, %1: 95 % of its turns").arg(QString::fromUtf8(during)),
+            QStringLiteral("%1 ms, longest %2 ms")
+                .arg(quantile(0.95), 0, 'f', 1)
+                .arg(quantile(1), 0, 'f', 1));
     }
 
 private:
