@@ -13,9 +13,9 @@ function(morvak_target_options target)
     target_compile_definitions(${target} PUBLIC _GLIBCXX_ASSERTIONS)
   endif()
   if(MORVAK_SANITIZE)
-    target_compile_options(${target} PUBLIC -fsanitize=address,undefined -fno-sanitize-recover=all
+    target_compile_options(${target} PUBLIC -fsanitize=${MORVAK_SANITIZE} -fno-sanitize-recover=all
                                             -fno-omit-frame-pointer)
-    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+    target_link_options(${target} PUBLIC -fsanitize=${MORVAK_SANITIZE})
   endif()
 endfunction()
 
