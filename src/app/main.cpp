@@ -121,7 +121,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Morvak"_s);
     QApplication::setApplicationVersion(QStringLiteral(MORVAK_VERSION));
-    QApplication::setDesktopFileName(u"morvak"_s);
+    QApplication::setDesktopFileName(QStringLiteral(MORVAK_APPLICATION_ID));
     QApplication::setWindowIcon(Icons::logo());
     // Morvak lives on in the tray when no window is left, and after whatever Qt has waited for.
     QApplication::setQuitOnLastWindowClosed(false);
