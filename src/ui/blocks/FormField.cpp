@@ -1,9 +1,12 @@
 #include "ui/blocks/FormField.h"
 
+#include "text/Lines.h"
 #include "ui/blocks/TextLook.h"
 #include "ui/theme/Metrics.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace morvak {
@@ -18,6 +21,27 @@ void addFormField(QVBoxLayout& content, const QString& label, QWidget* field)
     group->addWidget(text);
     group->addWidget(field);
     content.addLayout(group);
+}
+
+QString enteredText(const QLineEdit& field)
+{
+    const QString text = field.text();
+    QStringList pieces;
+    for (const QStringView piece : cutAtLineBreaks(text)) {
+        if (!piece.isEmpty())
+            pieces.append(piece.toString());
+    }
+    return pieces.join(u' ');
+}
+
+void enableWhileFilled(QPushButton& button, const QLineEdit& field, const QString& whyNot)
+{
+    const auto follow = [&button, whyNot](const QString& text) {
+        button.setEnabled(!text.isEmpty());
+        button.setToolTip(text.isEmpty() ? whyNot : QString());
+    };
+    follow(field.text());
+    QObject::connect(&field, &QLineEdit::textChanged, &button, follow);
 }
 
 }  // namespace morvak

@@ -3,11 +3,11 @@
 #include "platform/Diagnostics.h"
 #include "ui/Dialogs.h"
 #include "ui/blocks/Buttons.h"
-#include "ui/blocks/NoticeLine.h"
 #include "ui/blocks/TextFile.h"
 #include "ui/blocks/TextLook.h"
 #include "ui/theme/Metrics.h"
 
+#include <QAccessible>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QFontDatabase>
@@ -25,7 +25,7 @@ namespace morvak {
 namespace {
 
 constexpr int editorHeight = 160;
-constexpr std::chrono::hours untilTheTextChanges(24);
+constexpr int widestFileName = 280;
 
 QString droppedFile(const QDropEvent& event)
 {
@@ -33,10 +33,30 @@ QString droppedFile(const QDropEvent& event)
     return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
 }
 
+/// "%1" stands for the name of the file.
+QString faultText(TextFileFault fault)
+{
+    switch (fault) {
+        case TextFileFault::unreadable:
+            return ImportPane::tr("“%1” kan niet gelezen worden.");
+        case TextFileFault::empty:
+            return ImportPane::tr("“%1” is leeg.");
+        case TextFileFault::tooLarge:
+            return ImportPane::tr("“%1” is te groot om te importeren.");
+        case TextFileFault::notUtf8:
+            return ImportPane::tr(
+                "“%1” is geen tekst in UTF-8. Bewaar het in je spreadsheet als “CSV UTF-8”.");
+    }
+    Q_UNREACHABLE();
+}
+
 }  // namespace
 
 ImportPane::ImportPane(Dialogs& dialogs, const Texts& texts, QWidget* parent)
-    : QWidget(parent), m_dialogs(dialogs), m_editor(new QPlainTextEdit), m_notice(new NoticeLine)
+    : QWidget(parent),
+      m_dialogs(dialogs),
+      m_editor(new QPlainTextEdit),
+      m_result(makeText({}, TextStyle::body, Role::secondary, true))
 {
     m_editor->setObjectName(u"csvText"_s);
     m_editor->setAccessibleName(tr("CSV-tekst"));
@@ -45,7 +65,7 @@ ImportPane::ImportPane(Dialogs& dialogs, const Texts& texts, QWidget* parent)
     m_editor->setTabChangesFocus(true);
     m_editor->setMinimumHeight(editorHeight);
     m_editor->viewport()->installEventFilter(this);
-    m_notice->setObjectName(u"importNotice"_s);
+    m_result->setObjectName(u"importResult"_s);
     QLabel* const example = makeText(texts.example, TextStyle::caption, Role::secondary, true);
     example->setFont(m_editor->font());
     example->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -61,11 +81,11 @@ ImportPane::ImportPane(Dialogs& dialogs, const Texts& texts, QWidget* parent)
     auto* const row = new QHBoxLayout;
     row->setSpacing(metrics::inGroup);
     row->addWidget(choose);
-    row->addWidget(m_notice, 1);
+    row->addWidget(m_result, 1);
     column->addLayout(row);
 
     connect(choose, &QPushButton::clicked, this, &ImportPane::chooseFile);
-    connect(m_editor, &QPlainTextEdit::textChanged, m_notice, &NoticeLine::clear);
+    connect(m_editor, &QPlainTextEdit::textChanged, m_result, &QLabel::clear);
     connect(m_editor, &QPlainTextEdit::textChanged, this, &ImportPane::textChanged);
 }
 
@@ -99,26 +119,19 @@ void ImportPane::takeFile(const QString& path)
         setText(*text);
         return;
     }
-    const QString name = QFileInfo(path).fileName();
-    QString told;
-    switch (std::get<TextFileFault>(read)) {
-        case TextFileFault::unreadable:
-            told = tr("“%1” kan niet gelezen worden.").arg(name);
-            break;
-        case TextFileFault::tooLarge:
-            told = tr("“%1” is te groot om te importeren.").arg(name);
-            break;
-        case TextFileFault::notUtf8:
-            told = tr("“%1” is geen tekst in UTF-8. Bewaar het in je spreadsheet als “CSV UTF-8”.").arg(name);
-            break;
-    }
+    const QString name =
+        fontMetrics().elidedText(QFileInfo(path).fileName(), Qt::ElideMiddle, widestFileName);
+    const QString told = faultText(std::get<TextFileFault>(read)).arg(name);
     diagnostic(u"⚠️ "_s + told);
-    m_notice->showNotice(told, Role::warning, untilTheTextChanges);
+    showResult(told, Role::warning);
 }
 
-void ImportPane::showResult(const QString& result)
+void ImportPane::showResult(const QString& result, Role role)
 {
-    m_notice->showNotice(result, Role::success, untilTheTextChanges);
+    setTextLook(*m_result, TextStyle::body, role);
+    m_result->setText(result);
+    QAccessibleEvent alert(m_result, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 /// The editor would take a dropped file as its address.

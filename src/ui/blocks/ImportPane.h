@@ -1,13 +1,15 @@
 #pragma once
 
+#include "ui/theme/Colors.h"
+
 #include <QWidget>
 
+class QLabel;
 class QPlainTextEdit;
 
 namespace morvak {
 
 class Dialogs;
-class NoticeLine;
 
 /// Where a CSV text is pasted or taken from a file: what it has to look like, the text itself, the choice of
 /// a file, and a line that tells what came of it. A file can be dropped on the text, too.
@@ -29,8 +31,8 @@ public:
     /// Replaces the text by that of the file; where the file holds none, tells so and leaves the text alone.
     void takeFile(const QString& path);
 
-    /// A result, in the colour of success, until the text changes.
-    void showResult(const QString& result);
+    /// Stays until the text changes.
+    void showResult(const QString& result, Role role = Role::success);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -42,7 +44,7 @@ private:
 
     Dialogs& m_dialogs;
     QPlainTextEdit* m_editor;
-    NoticeLine* m_notice;
+    QLabel* m_result;
 };
 
 }  // namespace morvak

@@ -3,6 +3,7 @@
 #include "ui/blocks/TextLook.h"
 #include "ui/theme/Metrics.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -32,6 +33,7 @@ void indent(QBoxLayout& row)
 SheetFrame::SheetFrame(const QString& title, QWidget* window)
     : QDialog(window),
       m_title(makeText({}, TextStyle::title, Role::text, true)),
+      m_heading(new QHBoxLayout),
       m_scroll(new QScrollArea),
       m_content(new QVBoxLayout),
       m_sideButtons(new QHBoxLayout),
@@ -51,9 +53,9 @@ SheetFrame::SheetFrame(const QString& title, QWidget* window)
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
-    auto* const heading = new QHBoxLayout;
-    indent(*heading);
-    heading->addWidget(m_title);
+    indent(*m_heading);
+    m_heading->setSpacing(metrics::inGroup);
+    m_heading->addWidget(m_title, 1);
     auto* const buttons = new QHBoxLayout;
     indent(*buttons);
     m_sideButtons->setSpacing(metrics::inGroup);
@@ -66,10 +68,11 @@ SheetFrame::SheetFrame(const QString& title, QWidget* window)
     constexpr int sideMargin = metrics::sheetMargin - ringRoom;
     column->setContentsMargins(sideMargin, metrics::sheetMargin, sideMargin, metrics::sheetMargin);
     column->setSpacing(metrics::betweenGroups);
-    column->addLayout(heading);
+    column->addLayout(m_heading);
     column->addWidget(m_scroll, 1);
     column->addLayout(buttons);
 
+    connect(qApp, &QApplication::focusChanged, this, &SheetFrame::revealFocus);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* const shortcut = new QShortcut(QKeySequence(Qt::CTRL | key), this);
         connect(shortcut, &QShortcut::activated, this, [this] {
@@ -104,6 +107,19 @@ QPushButton* SheetFrame::addSideButton(const QString& label, ButtonKind kind)
     return button;
 }
 
+QPushButton* SheetFrame::addHeadingButton(const QString& label)
+{
+    QPushButton* const button = makeButton(label);
+    m_heading->addWidget(button);
+    return button;
+}
+
+void SheetFrame::setGivingWay(QWidget* part, int smallest, int preferred)
+{
+    m_givingWay = {part, smallest, preferred};
+    part->setFixedHeight(preferred);
+}
+
 void SheetFrame::setContentWidth(int width)
 {
     m_contentWidth = width;
@@ -120,19 +136,30 @@ void SheetFrame::setTitle(const QString& title)
 bool SheetFrame::eventFilter(QObject* watched, QEvent* event)
 {
     // Rows were added or removed.
-    if (watched == m_scroll->widget() && event->type() == QEvent::LayoutRequest && isVisible())
+    if (watched == m_scroll->widget() && event->type() == QEvent::LayoutRequest && isVisible()) {
         fitToWindow();
+        revealFocus();
+    }
     return QDialog::eventFilter(watched, event);
 }
 
 void SheetFrame::showEvent(QShowEvent* event)
 {
     fitToWindow();
-    if (const QWidget* const behind = parentWidget())
-        move(behind->window()->frameGeometry().center() - rect().center());
+    if (const QWidget* const behind = windowBehind())
+        move(behind->frameGeometry().center() - rect().center());
     if (!m_scroll->widget()->isAncestorOf(focusWidget()))
         focusFirstField();
     QDialog::showEvent(event);
+}
+
+/// Under all sheets; null without a window.
+const QWidget* SheetFrame::windowBehind() const
+{
+    const QWidget* behind = parentWidget() ? parentWidget()->window() : nullptr;
+    while (behind && qobject_cast<const SheetFrame*>(behind) && behind->parentWidget())
+        behind = behind->parentWidget()->window();
+    return behind;
 }
 
 int SheetFrame::naturalHeight() const
@@ -149,14 +176,27 @@ int SheetFrame::naturalHeight() const
 
 int SheetFrame::heightLimit() const
 {
-    const int behind =
-        parentWidget() ? parentWidget()->window()->height() : screen()->availableGeometry().height();
-    return std::max(smallestLimit, behind - metrics::windowMargin);
+    const QWidget* const behind = windowBehind();
+    const int available = behind ? behind->height() : screen()->availableGeometry().height();
+    return std::max(smallestLimit, available - metrics::windowMargin);
 }
 
 void SheetFrame::fitToWindow()
 {
+    if (const auto& [part, smallest, preferred] = m_givingWay; part) {
+        const int others = naturalHeight() - part->minimumHeight();
+        const int height = std::clamp(heightLimit() - others, smallest, preferred);
+        if (height != part->minimumHeight())
+            part->setFixedHeight(height);
+    }
     resize(m_contentWidth + 2 * metrics::sheetMargin, std::min(naturalHeight(), heightLimit()));
+}
+
+void SheetFrame::revealFocus()
+{
+    QWidget* const focused = focusWidget();
+    if (focused && m_scroll->widget()->isAncestorOf(focused))
+        m_scroll->ensureWidgetVisible(focused, 0, metrics::inGroup);
 }
 
 void SheetFrame::focusFirstField()

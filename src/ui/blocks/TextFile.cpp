@@ -17,6 +17,8 @@ std::variant<QString, TextFileFault> readTextFile(const QString& path)
     const QByteArray bytes = file.read(mostImportedBytes + 1);
     if (file.error() != QFileDevice::NoError)
         return TextFileFault::unreadable;
+    if (bytes.isEmpty())
+        return TextFileFault::empty;
     if (bytes.size() > mostImportedBytes)
         return TextFileFault::tooLarge;
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);

@@ -9,6 +9,7 @@ namespace morvak {
 /// Why a file gives no text to import.
 enum class TextFileFault {
     unreadable,
+    empty,
     tooLarge,
     notUtf8,  ///< a spreadsheet in Windows-1252, an archive, a picture
 };

@@ -1,6 +1,7 @@
 #include "ui/sets/ItemRows.h"
 
 #include "ui/blocks/Buttons.h"
+#include "ui/blocks/FormField.h"
 #include "ui/blocks/IconButton.h"
 #include "ui/blocks/WrapLayout.h"
 #include "ui/theme/Metrics.h"
@@ -18,13 +19,16 @@ using namespace Qt::StringLiterals;
 namespace morvak {
 
 ItemRows::ItemRows(const Theme& theme, const Texts& texts, QWidget* parent)
-    : QWidget(parent), m_theme(theme), m_texts(texts), m_column(new QVBoxLayout), m_below(new WrapLayout)
+    : QWidget(parent),
+      m_theme(theme),
+      m_texts(texts),
+      m_column(new QVBoxLayout),
+      m_below(new WrapLayout),
+      m_append(makeButton(texts.append))
 {
-    QPushButton* const append = makeButton(texts.append);
-    append->setObjectName(u"appendItem"_s);
-    append->setAutoDefault(false);
-    connect(append, &QPushButton::clicked, this, &ItemRows::appendAndFocus);
-    m_below->addWidget(append);
+    m_append->setObjectName(u"appendItem"_s);
+    connect(m_append, &QPushButton::clicked, this, &ItemRows::appendAndFocus);
+    m_below->addWidget(m_append);
 
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -38,8 +42,12 @@ QList<SetItem> ItemRows::items() const
 {
     QList<SetItem> items;
     for (const Row& row : m_rows) {
-        if (!row.name->text().isEmpty())
-            items.append({.id = row.id, .name = row.name->text(), .color = row.color->text()});
+        if (row.name->text().isEmpty())
+            continue;
+        SetItem item;
+        item.name = enteredText(*row.name);
+        item.color = enteredText(*row.color);
+        items.append(item);
     }
     return items;
 }
@@ -48,36 +56,69 @@ void ItemRows::setItems(const QList<SetItem>& items)
 {
     while (!m_rows.isEmpty())
         remove(m_rows.constLast().frame);
-    for (const SetItem& item : items)
+    for (const SetItem& item : items) {
+        appendEmptyRow();
         append(item);
+    }
 }
 
 void ItemRows::append(const SetItem& item)
 {
-    Row row{item.id, new QWidget, new QLineEdit(item.name), new QLineEdit(item.color)};
+    if (m_rows.isEmpty() || !m_rows.constLast().name->text().isEmpty() ||
+        !m_rows.constLast().color->text().isEmpty())
+        appendEmptyRow();
+    m_rows.constLast().name->setText(item.name);
+    m_rows.constLast().color->setText(item.color);
+}
+
+void ItemRows::appendEmptyRow()
+{
+    const Row row{new QWidget, new QLineEdit, new QLineEdit,
+                  new IconButton(m_theme, u"minus.circle.fill"_s, {}, nullptr, Role::danger)};
     row.name->setObjectName(u"itemName"_s);
     row.color->setObjectName(u"itemColor"_s);
+    row.removal->setObjectName(u"removeItem"_s);
     row.name->setPlaceholderText(m_texts.name);
     row.color->setPlaceholderText(m_texts.color);
-    const QString number = QString::number(m_rows.size() + 1);
-    row.name->setAccessibleName(m_texts.name + u' ' + number);
-    row.color->setAccessibleName(m_texts.color + u' ' + number);
-    auto* const removal =
-        new IconButton(m_theme, u"minus.circle.fill"_s, tr("Item verwijderen"), nullptr, Role::danger);
-    removal->setObjectName(u"removeItem"_s);
 
     auto* const line = new QHBoxLayout(row.frame);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(metrics::inGroup);
     line->addWidget(row.name, 3);
     line->addWidget(row.color, 2);
-    line->addWidget(removal);
+    line->addWidget(row.removal);
     m_column->addWidget(row.frame);
+    addToTabOrder(row);
     m_rows.append(row);
-    for (QLineEdit* const field : {row.name, row.color})
+    numberRows();
+    for (const QLineEdit* const field : {row.name, row.color})
         connect(field, &QLineEdit::textChanged, this, &ItemRows::changed);
-    connect(removal, &IconButton::clicked, this, [this, frame = row.frame] { remove(frame); });
+    connect(row.removal, &IconButton::clicked, this, [this, frame = row.frame] { remove(frame); });
     Q_EMIT changed();
+}
+
+/// A new widget comes last in its window: behind the buttons of the sheet.
+void ItemRows::addToTabOrder(const Row& row)
+{
+    QWidget* before = m_append->previousInFocusChain();
+    while (before != m_append && (before->focusPolicy() & Qt::TabFocus) == 0)
+        before = before->previousInFocusChain();
+    for (QWidget* const field : {static_cast<QWidget*>(row.name), static_cast<QWidget*>(row.color),
+                                 static_cast<QWidget*>(row.removal)}) {
+        QWidget::setTabOrder(before, field);
+        before = field;
+    }
+}
+
+void ItemRows::numberRows()
+{
+    for (qsizetype at = 0; at < m_rows.size(); ++at) {
+        const QString number = u' ' + QString::number(at + 1);
+        m_rows[at].name->setAccessibleName(m_texts.name + number);
+        m_rows[at].color->setAccessibleName(m_texts.color + number);
+        m_rows[at].removal->setToolTip(tr("Item verwijderen"));
+        m_rows[at].removal->setAccessibleName(tr("Item verwijderen:") + number);
+    }
 }
 
 void ItemRows::addBesideAppend(QWidget* button)
@@ -88,10 +129,10 @@ void ItemRows::addBesideAppend(QWidget* button)
 void ItemRows::keyPressEvent(QKeyEvent* event)
 {
     const qsizetype row = focusedRow();
-    if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || row < 0) {
-        QWidget::keyPressEvent(event);
+    if ((event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) || row < 0)
+        return QWidget::keyPressEvent(event);
+    if (event->isAutoRepeat())
         return;
-    }
     if (row + 1 < m_rows.size())
         m_rows[row + 1].name->setFocus(Qt::TabFocusReason);
     else
@@ -100,10 +141,9 @@ void ItemRows::keyPressEvent(QKeyEvent* event)
 
 void ItemRows::appendAndFocus()
 {
-    append({});
-    QLineEdit* const name = m_rows.constLast().name;
-    name->show();
-    name->setFocus(Qt::TabFocusReason);
+    appendEmptyRow();
+    m_rows.constLast().frame->show();  // the layout shows it later
+    m_rows.constLast().name->setFocus(Qt::TabFocusReason);
 }
 
 void ItemRows::remove(QWidget* frame)
@@ -111,9 +151,13 @@ void ItemRows::remove(QWidget* frame)
     const auto row =
         std::find_if(m_rows.begin(), m_rows.end(), [frame](const Row& each) { return each.frame == frame; });
     Q_ASSERT(row != m_rows.end());
-    m_rows.erase(row);
+    const bool hadFocus = row->removal->hasFocus();
+    const auto next = m_rows.erase(row);
+    if (hadFocus)
+        (next == m_rows.end() ? static_cast<QWidget*>(m_append) : next->removal)->setFocus();
     frame->hide();
     frame->deleteLater();  // it is its own button that was pressed
+    numberRows();
     Q_EMIT changed();
 }
 

@@ -5,10 +5,12 @@
 #include <QWidget>
 
 class QLineEdit;
+class QPushButton;
 class QVBoxLayout;
 
 namespace morvak {
 
+class IconButton;
 class Theme;
 class WrapLayout;
 
@@ -26,12 +28,13 @@ public:
 
     ItemRows(const Theme& theme, const Texts& texts, QWidget* parent = nullptr);
 
-    /// The rows whose name is not empty, as typed; rows that were set keep the ids of their items.
+    /// The rows whose name is not empty, as typed and with fresh ids.
     [[nodiscard]] QList<SetItem> items() const;
     void setItems(const QList<SetItem>& items);
 
-    /// Behind the last row; the focus stays where it is.
+    /// In the last row where that is empty, behind it otherwise; the focus stays where it is.
     void append(const SetItem& item);
+    void appendEmptyRow();
 
     /// For buttons that belong beside "+ Item".
     void addBesideAppend(QWidget* button);
@@ -44,13 +47,15 @@ protected:
 
 private:
     struct Row {
-        QUuid id;
         QWidget* frame;
         QLineEdit* name;
         QLineEdit* color;
+        IconButton* removal;
     };
 
     void appendAndFocus();
+    void addToTabOrder(const Row& row);
+    void numberRows();
     void remove(QWidget* frame);
     [[nodiscard]] qsizetype focusedRow() const;
 
@@ -59,6 +64,7 @@ private:
     QList<Row> m_rows;
     QVBoxLayout* m_column;
     WrapLayout* m_below;
+    QPushButton* m_append;
 };
 
 }  // namespace morvak

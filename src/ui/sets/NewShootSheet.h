@@ -2,10 +2,12 @@
 
 #include "ui/blocks/SheetFrame.h"
 
-class QComboBox;
 class QLineEdit;
 
 namespace morvak {
+
+class ChoiceBox;
+struct UiServices;
 
 /// What the user entered for a new shoot, as typed.
 struct NewShoot {
@@ -19,15 +21,19 @@ class NewShootSheet final : public SheetFrame {
     Q_OBJECT
 
 public:
-    /// `clients` to pick from.
-    NewShootSheet(const QStringList& clients, QWidget* window);
+    NewShootSheet(UiServices& services, QWidget* window);
 
     [[nodiscard]] NewShoot shoot() const;
 
 private:
+    void addClient();
+    void showClients();
+    void manageClients();
+
+    UiServices& m_services;
     QLineEdit* m_name;
     QLineEdit* m_location;
-    QComboBox* m_client;
+    ChoiceBox* m_client;
 };
 
 }  // namespace morvak

@@ -3,6 +3,8 @@
 #include "model/SetData.h"
 #include "ui/blocks/SheetFrame.h"
 
+class QLineEdit;
+
 namespace morvak {
 
 class ItemRows;
@@ -21,7 +23,7 @@ struct SetFields {
 /// `set` with these fields; all else of it stays. Pure.
 [[nodiscard]] SetData withFields(SetData set, const SetFields& fields);
 
-/// The fields of a set; `fields` is the answer when it is accepted.
+/// The fields of a set, to fill in by hand or from the catalog; `fields` is the answer when it is accepted.
 class SetSheet : public SheetFrame {
     Q_OBJECT
 
@@ -32,6 +34,22 @@ protected:
     SetSheet(UiServices& services, const QString& title, const QString& primaryLabel, QWidget* window);
 
     void fill(const SetFields& fields);
+
+    /// Shows the number that the set gets when the field stays empty.
+    void showDefaultNumber(const QString& number);
+
+    void addEmptyItem();
+
+private:
+    void addFields();
+    void addItems(UiServices& services);
+
+    QLineEdit* m_number;
+    QLineEdit* m_brand;
+    QLineEdit* m_model;
+    QLineEdit* m_location;
+    QLineEdit* m_email;
+    ItemRows* m_items;
 };
 
 /// Asks for a new set.

@@ -159,7 +159,7 @@ void SetsView::activate(QUuid setId)
 
 void SetsView::makeShoot()
 {
-    auto* const sheet = new NewShootSheet(knownClients(m_services.shoots.shoots()), window());
+    auto* const sheet = new NewShootSheet(m_services, window());
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this, [this, sheet] {
         const NewShoot entered = sheet->shoot();

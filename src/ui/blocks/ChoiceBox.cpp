@@ -1,0 +1,38 @@
+#include "ui/blocks/ChoiceBox.h"
+
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace morvak {
+
+namespace {
+
+constexpr int fewestCharacters = 12;
+
+}  // namespace
+
+ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent)
+{
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(fewestCharacters);
+    connect(this, &QComboBox::currentTextChanged, this, &QWidget::setToolTip);
+}
+
+void ChoiceBox::setChoices(const QList<Choice>& choices, const QVariant& chosen)
+{
+    clear();
+    for (const auto& [text, value] : choices) {
+        addItem(text.simplified(), value);
+        setItemData(count() - 1, text, Qt::ToolTipRole);
+    }
+    const auto found = std::ranges::find(choices, chosen, &Choice::value);
+    setCurrentIndex(found == choices.cend() ? 0 : static_cast<int>(found - choices.cbegin()));
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
+}  // namespace morvak
