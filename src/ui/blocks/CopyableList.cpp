@@ -31,6 +31,11 @@ CopyableList::CopyableList(int lineRole, QWidget* parent) : QListView(parent), m
     setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
+QSize CopyableList::sizeHint() const
+{
+    return {QListView::sizeHint().width(), minimumHeight()};
+}
+
 QString CopyableList::selectedText() const
 {
     QModelIndexList rows = selectionModel()->selectedIndexes();

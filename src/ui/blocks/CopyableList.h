@@ -12,6 +12,9 @@ public:
     /// `lineRole` is the model's role of a row as plain text.
     explicit CopyableList(int lineRole, QWidget* parent = nullptr);
 
+    /// As high as its minimum height: it is given what there is.
+    [[nodiscard]] QSize sizeHint() const override;
+
     /// The selected rows as they stand.
     [[nodiscard]] QString selectedText() const;
 

@@ -30,4 +30,10 @@ ReadableColumn::ReadableColumn(const QString& name, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
 
+void ReadableColumn::reveal(QWidget& part)
+{
+    QMetaObject::invokeMethod(
+        &part, [this, &part] { ensureWidgetVisible(&part, 0, metrics::windowMargin); }, Qt::QueuedConnection);
+}
+
 }  // namespace morvak

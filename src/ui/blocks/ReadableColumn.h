@@ -17,6 +17,9 @@ public:
     /// Where the content goes, from top to bottom, in groups.
     [[nodiscard]] QVBoxLayout* content() const { return m_content; }
 
+    /// Scrolls as little as needed to show a part of the content, once that has found its place.
+    void reveal(QWidget& part);
+
 private:
     QVBoxLayout* m_content;
 };

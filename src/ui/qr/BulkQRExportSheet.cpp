@@ -5,14 +5,13 @@
 #include "ui/blocks/NoticeLine.h"
 #include "ui/blocks/SegmentedSwitch.h"
 #include "ui/blocks/TextLook.h"
-#include "ui/qr/SetChoiceDelegate.h"
+#include "ui/qr/SetChoiceList.h"
 #include "ui/qr/SetChoiceModel.h"
 #include "ui/theme/Metrics.h"
 #include "ui/theme/Theme.h"
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -27,9 +26,13 @@ namespace {
 
 constexpr int sheetWidth = 480;
 constexpr int sheetHeight = 560;
-constexpr int leastListHeight = 96;
 constexpr int busyWidth = 96;
 constexpr std::chrono::hours untilTheNext(24);
+
+QString noSets()
+{
+    return BulkQRExportSheet::tr("Er zijn nog geen sets om te exporteren.");
+}
 
 }  // namespace
 
@@ -60,6 +63,8 @@ BulkQRExportSheet::BulkQRExportSheet(UiServices& services, const QList<SetData>&
     connect(&m_task, &CardExportTask::isRunningChanged, this, &BulkQRExportSheet::showState);
     connect(&m_task, &CardExportTask::finished, this, &BulkQRExportSheet::exported);
     showState();
+    if (sets.isEmpty())
+        m_notice->showNotice(noSets(), Role::secondary, untilTheNext);
 }
 
 void BulkQRExportSheet::addExplanation()
@@ -97,20 +102,8 @@ void BulkQRExportSheet::addChoice()
     row->addStretch(1);
     row->addWidget(m_count);
 
-    auto* const list = new QListView;
+    auto* const list = new SetChoiceList(m_services.theme, *m_sets);
     list->setObjectName(u"setChoice"_s);
-    list->setAccessibleName(tr("Sets"));
-    list->setItemDelegate(new SetChoiceDelegate(m_services.theme, *list));
-    list->setModel(m_sets);
-    list->setUniformItemSizes(true);
-    list->setMouseTracking(true);
-    list->setSelectionMode(QListView::NoSelection);
-    list->setVerticalScrollMode(QListView::ScrollPerPixel);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setTabKeyNavigation(false);
-    list->setMinimumHeight(leastListHeight);
-    list->setCurrentIndex(m_sets->index(0));
-
     auto* const column = static_cast<QVBoxLayout*>(m_form->layout());
     column->addLayout(row);
     column->addWidget(list, 1);
@@ -145,7 +138,7 @@ void BulkQRExportSheet::showState()
     m_busy->setVisible(isRunning);
     m_cancel->setEnabled(!isRunning);
     m_export->setEnabled(!isRunning && selected > 0);
-    m_export->setToolTip(total == 0      ? tr("Deze shoot heeft nog geen sets.")
+    m_export->setToolTip(total == 0      ? noSets()
                          : selected == 0 ? tr("Kies eerst een of meer sets.")
                                          : QString());
 }

@@ -22,6 +22,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace morvak {
@@ -29,7 +31,7 @@ namespace morvak {
 namespace {
 
 constexpr QSize smallest(500, 600);
-constexpr QSize preferred(560, 920);  // all of it with a few items
+constexpr QSize preferred(560, 860);  // all of it with a few items
 
 QLineEdit* makeField(const QString& name, const QString& placeholder = {})
 {
@@ -61,7 +63,9 @@ QRGeneratorView::QRGeneratorView(UiServices& services, QWidget* parent)
     setMinimumSize(smallest);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
-    outer->addWidget(m_column);
+    outer->setSpacing(0);
+    outer->addWidget(m_column, 1);
+    outer->addWidget(m_notice);
 
     m_column->content()->addWidget(makeText(tr("QR Generator"), TextStyle::title));
     addFields();
@@ -76,13 +80,19 @@ QRGeneratorView::QRGeneratorView(UiServices& services, QWidget* parent)
 void QRGeneratorView::addFields()
 {
     auto* const card = new Card(m_services.theme, tr("Set info"), {});
-    const auto add = [card](const QString& label, QLineEdit* field) {
-        addFormField(*card->content(), label, field);
+    const auto addPair = [&](const QString& left, QLineEdit* leftField, const QString& right,
+                             QLineEdit* rightField) {
+        auto* const row = new QHBoxLayout;
+        row->setSpacing(metrics::inGroup);
+        for (const auto& [label, field] : {std::pair(left, leftField), std::pair(right, rightField)}) {
+            auto* const group = new QVBoxLayout;
+            addFormField(*group, label, field);
+            row->addLayout(group, 1);
+        }
+        card->content()->addLayout(row);
     };
-    add(tr("Set nummer"), m_setNumber);
-    add(tr("Merk"), m_brand);
-    add(tr("Model"), m_model);
-    add(tr("Locatie"), m_location);
+    addPair(tr("Set nummer"), m_setNumber, tr("Merk"), m_brand);
+    addPair(tr("Model"), m_model, tr("Locatie"), m_location);
     for (const QLineEdit* const field : {m_setNumber, m_brand, m_model, m_location})
         connect(field, &QLineEdit::textChanged, this, &QRGeneratorView::showCaution);
     m_column->content()->addWidget(card);
@@ -128,8 +138,8 @@ void QRGeneratorView::addOutput()
             [this] { saveQRAs(buildSetData(), m_services.dialogs, *m_notice); });
     row->addStretch(1);
     m_notice->setObjectName(u"qrNotice"_s);
+    m_notice->setContentsMargins(metrics::windowMargin, 0, metrics::windowMargin, metrics::inGroup);
     m_column->content()->addWidget(m_output);
-    m_column->content()->addWidget(m_notice);
 }
 
 void QRGeneratorView::addShortcuts()
@@ -158,10 +168,8 @@ void QRGeneratorView::generate()
     m_made = buildSetData().toQRText();
     m_notice->clear();
     showCode();
-    // The buttons below the code first, so that the code itself is seen where not both fit.
-    m_column->widget()->layout()->activate();
-    m_column->ensureWidgetVisible(m_notice, 0, metrics::windowMargin);
-    m_column->ensureWidgetVisible(m_preview, 0, metrics::inGroup);
+    m_column->reveal(*m_output);
+    m_column->reveal(*m_preview);
 }
 
 void QRGeneratorView::showCode()

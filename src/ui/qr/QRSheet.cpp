@@ -45,8 +45,10 @@ void QRSheet::showCode()
     caption->setAlignment(Qt::AlignCenter);
     setTextLook(*caption, TextStyle::body);
     m_notice->setObjectName(u"qrNotice"_s);
-    content()->setSpacing(metrics::inGroup);
+    // All of it is seen over the smallest window.
+    content()->setSpacing(0);
     content()->addWidget(preview);
+    content()->addSpacing(metrics::inGroup / 2);
     content()->addWidget(caption);
     content()->addWidget(m_notice);
 }

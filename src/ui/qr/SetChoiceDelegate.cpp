@@ -15,6 +15,7 @@ namespace {
 constexpr int rowHeight = 44;
 constexpr int sideMargin = 12;
 constexpr int boxSide = 18;
+constexpr double disabledOpacity = 0.45;
 constexpr int textLeft = sideMargin + boxSide + metrics::inGroup;
 
 }  // namespace
@@ -35,6 +36,8 @@ void SetChoiceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
 {
     painter->save();
     paintBackground(*painter, option);
+    if (!option.state.testFlag(QStyle::State_Enabled))
+        painter->setOpacity(disabledOpacity);
     paintBox(*painter, option, index);
     paintTexts(*painter, option, index);
     painter->restore();
@@ -55,7 +58,7 @@ void SetChoiceDelegate::paintBox(QPainter& painter, const QStyleOptionViewItem& 
 {
     QStyleOptionButton box;
     box.initFrom(m_likeness);
-    box.state.setFlag(QStyle::State_Enabled, option.state.testFlag(QStyle::State_Enabled));
+    box.state.setFlag(QStyle::State_Enabled);  // a disabled box does not show whether it is checked
     const bool checked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     box.state.setFlag(checked ? QStyle::State_On : QStyle::State_Off);
     box.rect =

@@ -32,7 +32,7 @@ namespace morvak {
 
 namespace {
 
-constexpr int leastListHeight = 140;
+constexpr int leastListHeight = 116;  // four rows
 
 qsizetype photosIn(const QString& folder)
 {
@@ -211,6 +211,7 @@ void RenameView::finished(const RawRenameSummary& summary)
     m_ending->setVisible(!m_ending->text().isEmpty());
     m_list->setVisible(!summary.results.isEmpty());
     m_result->show();
+    m_column->reveal(*m_result);
 }
 
 /// A folder can come and go without a word: looked up anew whenever the user turns to this tab.
