@@ -65,6 +65,7 @@ QRGeneratorView::QRGeneratorView(UiServices& services, QWidget* parent)
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setSpacing(0);
     outer->addWidget(m_column, 1);
+    outer->addWidget(m_caution);  // in sight wherever the column is scrolled to
     outer->addWidget(m_notice);
 
     m_column->content()->addWidget(makeText(tr("QR Generator"), TextStyle::title));
@@ -116,7 +117,6 @@ void QRGeneratorView::addCode()
     m_caution->setObjectName(u"qrCaution"_s);
     m_column->content()->addWidget(generating);
     m_column->content()->addWidget(m_preview);
-    m_column->content()->addWidget(m_caution);
 }
 
 void QRGeneratorView::addOutput()
@@ -138,7 +138,9 @@ void QRGeneratorView::addOutput()
             [this] { saveQRAs(buildSetData(), m_services.dialogs, *m_notice); });
     row->addStretch(1);
     m_notice->setObjectName(u"qrNotice"_s);
-    m_notice->setContentsMargins(metrics::windowMargin, 0, metrics::windowMargin, metrics::inGroup);
+    for (QWidget* const line : {static_cast<QWidget*>(m_caution), static_cast<QWidget*>(m_notice)})
+        line->setContentsMargins(metrics::windowMargin, metrics::inGroup / 2, metrics::windowMargin,
+                                 metrics::inGroup / 2);
     m_column->content()->addWidget(m_output);
 }
 

@@ -92,7 +92,8 @@ bool SetChoiceModel::setData(const QModelIndex& index, const QVariant& value, in
 
 Qt::ItemFlags SetChoiceModel::flags(const QModelIndex& index) const
 {
-    return QAbstractListModel::flags(index) | Qt::ItemIsUserCheckable | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsUserCheckable : flags;
 }
 
 void SetChoiceModel::announce()
