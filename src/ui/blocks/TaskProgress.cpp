@@ -20,23 +20,25 @@ constexpr int steps = 1000;
 }  // namespace
 
 TaskProgress::TaskProgress(const QString& task, QWidget* parent)
-    : QWidget(parent), m_bar(new QProgressBar), m_count(makeText({}, TextStyle::body, Role::secondary))
+    : QWidget(parent),
+      m_bar(new QProgressBar),
+      m_count(makeText({}, TextStyle::body, Role::secondary)),
+      m_giveUp(makeButton(tr("Stop")))
 {
     m_bar->setTextVisible(false);
     m_bar->setFixedWidth(barWidth);
     m_bar->setAccessibleName(task);
     m_count->setFont(Theme::tabular(m_count->font()));
-    QPushButton* const giveUp = makeButton(tr("Stop"));
-    giveUp->setObjectName(QStringLiteral("giveUp"));
-    giveUp->setToolTip(tr("Stoppen na het bestand dat nu aan de beurt is"));
-    connect(giveUp, &QPushButton::clicked, this, &TaskProgress::giveUpAsked);
+    m_giveUp->setObjectName(QStringLiteral("giveUp"));
+    m_giveUp->setToolTip(tr("Stoppen na het bestand dat nu aan de beurt is"));
+    connect(m_giveUp, &QPushButton::clicked, this, &TaskProgress::giveUp);
 
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(metrics::inGroup);
     row->addWidget(m_bar);
     row->addWidget(m_count);
-    row->addWidget(giveUp);
+    row->addWidget(m_giveUp);
     QSizePolicy policy = sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
@@ -47,6 +49,7 @@ void TaskProgress::begin()
 {
     m_bar->setRange(0, 0);
     m_count->setText({});
+    m_giveUp->setEnabled(true);
     show();
 }
 
@@ -54,7 +57,15 @@ void TaskProgress::setProgress(qint64 done, qint64 total)
 {
     m_bar->setRange(0, steps);
     m_bar->setValue(total > 0 ? static_cast<int>(done * steps / total) : 0);
-    m_count->setText(tr("%1 van %2").arg(done).arg(total));
+    if (m_giveUp->isEnabled())
+        m_count->setText(tr("%1 van %2").arg(done).arg(total));
+}
+
+void TaskProgress::giveUp()
+{
+    m_giveUp->setEnabled(false);
+    m_count->setText(tr("Stopt…"));
+    Q_EMIT giveUpAsked();
 }
 
 void TaskProgress::end()

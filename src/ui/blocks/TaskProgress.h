@@ -4,6 +4,7 @@
 
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace morvak {
 
@@ -22,11 +23,15 @@ public:
     void end();
 
 Q_SIGNALS:
+    /// Once for each `begin`, at most; from then on it shows that the task is ending.
     void giveUpAsked();
 
 private:
+    void giveUp();
+
     QProgressBar* m_bar;
     QLabel* m_count;
+    QPushButton* m_giveUp;
 };
 
 }  // namespace morvak

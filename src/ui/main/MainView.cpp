@@ -1,12 +1,12 @@
 #include "ui/main/MainView.h"
 
 #include "ui/UiServices.h"
-#include "ui/blocks/EmptyState.h"
 #include "ui/blocks/SegmentedSwitch.h"
 #include "ui/blocks/SetActivatedBanner.h"
 #include "ui/main/HeaderBar.h"
 #include "ui/main/StatusStrip.h"
 #include "ui/manual/ManualView.h"
+#include "ui/rename/RenameView.h"
 #include "ui/sets/SetsView.h"
 #include "ui/sets/ShootFiles.h"
 #include "ui/theme/Metrics.h"
@@ -67,14 +67,11 @@ MainView::MainView(UiServices& services, QWidget* parent)
 
 void MainView::makeTabs()
 {
-    auto* const rename =
-        new EmptyState(m_services.theme, QStringLiteral("pencil"), tr("Hernoemen komt in de volgende versie"),
-                       tr("Hier geef je straks RAW-bestanden de naam van hun set. Taggen werkt nu al."));
     auto* const dashboard = new DashboardTab(m_services);
     connect(dashboard, &DashboardTab::newShootAsked, m_sets, &SetsView::makeShoot);
     m_content->addWidget(m_sets);
     m_content->addWidget(dashboard);
-    m_content->addWidget(rename);
+    m_content->addWidget(new RenameView(m_services));
     m_content->addWidget(new LogTab(m_services));
     m_content->addWidget(new ManualView(m_services.theme));
     connect(m_switch, &SegmentedSwitch::currentIndexChanged, this, &MainView::showTab);

@@ -121,9 +121,8 @@ void MenuBarView::addButtons(QVBoxLayout& column)
     QPushButton* const open = add(tr("Open Morvak"), QStringLiteral("openMain"));
     open->setFocus();
     connect(open, &QPushButton::clicked, this, &MenuBarView::mainWindowAsked);
-    QPushButton* const generator = add(tr("QR Generator"), QStringLiteral("openGenerator"));
-    generator->setEnabled(false);
-    generator->setToolTip(tr("De QR Generator komt in de volgende versie."));
+    connect(add(tr("QR Generator"), QStringLiteral("openGenerator")), &QPushButton::clicked, this,
+            &MenuBarView::qrGeneratorAsked);
     connect(add(tr("Stop"), QStringLiteral("stop")), &QPushButton::clicked, this, &MenuBarView::stop);
     column.addWidget(new Divider(m_services.theme));
     connect(add(tr("Quit"), QStringLiteral("quit")), &QPushButton::clicked, this, &MenuBarView::quitAsked);

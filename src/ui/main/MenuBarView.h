@@ -29,6 +29,7 @@ public:
 
 Q_SIGNALS:
     void mainWindowAsked();
+    void qrGeneratorAsked();
     void quitAsked();
     /// The user has closed it; it is still there when it was an ordinary window.
     void closeAsked();

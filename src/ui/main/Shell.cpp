@@ -2,6 +2,7 @@
 
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
+#include "ui/qr/QRGeneratorView.h"
 #include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
@@ -26,6 +27,8 @@ Shell::Shell(UiServices& services, QObject* parent)
     connect(&m_tray, &TrayPresence::changed, this, &Shell::keepInSight);
     connect(&m_main, &MainView::closed, this, &Shell::keepInSight);
     connect(&m_main, &MainView::quitAsked, this, &Shell::quitAsked);
+    connect(&m_main, &MainView::qrGeneratorAsked, this, &Shell::openGenerator);
+    connect(&m_panel, &MenuBarView::qrGeneratorAsked, this, &Shell::openGenerator);
     connect(&m_panel, &MenuBarView::mainWindowAsked, this, &Shell::openMain);
     connect(&m_panel, &MenuBarView::quitAsked, this, &Shell::quitAsked);
     connect(&m_panel, &MenuBarView::closeAsked, this, &Shell::panelClosed);
@@ -40,6 +43,16 @@ void Shell::openMain()
     if (!m_panel.isOrdinaryWindow())
         m_panel.hide();
     keepInSight();
+}
+
+void Shell::openGenerator()
+{
+    if (!m_generator)
+        m_generator = std::make_unique<QRGeneratorView>(m_services);
+    m_generator->setWindowState(m_generator->windowState() & ~Qt::WindowMinimized);
+    m_generator->show();
+    m_generator->raise();
+    m_generator->activateWindow();
 }
 
 WindowFacts Shell::facts() const

@@ -7,10 +7,14 @@
 #include <QElapsedTimer>
 #include <QSystemTrayIcon>
 
+#include <memory>
+
 namespace morvak {
 
+class QRGeneratorView;
+
 /// The windows of Morvak and the item in the tray, and which of them are to be seen: never none while Morvak
-/// runs.
+/// runs. The QR generator does not count, as no way leads from it to the others.
 class Shell final : public QObject {
     Q_OBJECT
 
@@ -22,6 +26,8 @@ public:
     [[nodiscard]] MenuBarView& panel() { return m_panel; }
 
     void openMain();
+    /// In front of all others, as it was left.
+    void openGenerator();
 
 Q_SIGNALS:
     void quitAsked();
@@ -38,6 +44,7 @@ private:
     TrayPresence m_tray;
     MainView m_main;
     MenuBarView m_panel;
+    std::unique_ptr<QRGeneratorView> m_generator;  // from when it is first asked for
     QElapsedTimer m_panelLeft;
 };
 
