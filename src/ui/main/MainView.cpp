@@ -7,6 +7,8 @@
 #include "ui/main/StatusStrip.h"
 #include "ui/manual/ManualView.h"
 #include "ui/rename/RenameView.h"
+#include "ui/scan/ScanWatch.h"
+#include "ui/sets/ScanBar.h"
 #include "ui/sets/SetsView.h"
 #include "ui/sets/ShootFiles.h"
 #include "ui/theme/Metrics.h"
@@ -60,6 +62,8 @@ MainView::MainView(UiServices& services, QWidget* parent)
     column->addWidget(m_content, 1);
     makeTabs();
     makeShortcuts();
+    auto* const scans = new ScanWatch(*this, m_sets->scanBar().field(), this);
+    connect(scans, &ScanWatch::scanned, &m_sets->scanBar(), &ScanBar::takeScanned);
 
     connect(&services.watcher, &FolderWatcher::justActivatedHeadlineChanged, this, &MainView::showBanner);
     showBanner();
@@ -131,6 +135,14 @@ void MainView::bringToFront()
     show();
     raise();
     activateWindow();
+}
+
+bool MainView::event(QEvent* event)
+{
+    // A sheet has closed.
+    if (event->type() == QEvent::WindowUnblocked && selectedTab() == 0)
+        QMetaObject::invokeMethod(m_sets, &SetsView::focusScanField, Qt::QueuedConnection);
+    return QWidget::event(event);
 }
 
 void MainView::showEvent(QShowEvent* event)

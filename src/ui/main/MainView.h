@@ -38,6 +38,7 @@ Q_SIGNALS:
     void qrGeneratorAsked();
 
 protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;

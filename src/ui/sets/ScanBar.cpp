@@ -49,6 +49,20 @@ void ScanBar::focusField()
     m_field->setFocus(Qt::ShortcutFocusReason);
 }
 
+void ScanBar::takeScanned(const QString& text)
+{
+    const QString scan = text.trimmed();
+    if (scan.isEmpty())
+        return;
+    if (takeScan(m_services.shoots, m_services.watcher, scan)) {
+        m_field->insert({});  // what an earlier scan left selected
+    } else {
+        m_field->showScan(m_field->state(), scan);
+        m_field->selectAll();
+        Q_EMIT notUnderstood();
+    }
+}
+
 void ScanBar::submit()
 {
     const QString text = m_field->scanText().trimmed();

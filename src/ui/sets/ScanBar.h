@@ -16,7 +16,11 @@ class ScanBar final : public QWidget {
 public:
     explicit ScanBar(UiServices& services, QWidget* parent = nullptr);
 
+    [[nodiscard]] ScanField& field() { return *m_field; }
     void focusField();
+
+    /// Takes what a scanner has typed, for itself: what was typed into the field by hand stays there.
+    void takeScanned(const QString& text);
 
 Q_SIGNALS:
     /// The text held no set.

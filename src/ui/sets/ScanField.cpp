@@ -27,6 +27,27 @@ ScanField::ScanField(QWidget* parent) : QLineEdit(parent)
     connect(this, &QLineEdit::textChanged, this, &ScanField::joinLines);
 }
 
+ScanField::State ScanField::state() const
+{
+    return {text(), cursorPosition(), selectionStart(), selectionLength()};
+}
+
+void ScanField::setState(const State& state)
+{
+    setText(state.text);
+    setCursorPosition(state.cursor);
+    if (state.selectionLength > 0)
+        setSelection(state.selectionStart, state.selectionLength);
+}
+
+void ScanField::showScan(const State& before, const QString& scan)
+{
+    setState(before);
+    insert({});
+    end(false);
+    insert(text().isEmpty() ? scan : u'\n' + scan);
+}
+
 QString ScanField::scanText() const
 {
     return asLines(text());

@@ -12,6 +12,19 @@ class ScanField final : public QLineEdit {
 public:
     explicit ScanField(QWidget* parent = nullptr);
 
+    /// What the field holds at a moment: text, the cursor in it and what is selected.
+    struct State {
+        QString text;
+        int cursor = 0;
+        int selectionStart = -1;
+        int selectionLength = 0;
+    };
+    [[nodiscard]] State state() const;
+    void setState(const State& state);
+
+    /// What is shown of a scan: behind what was there before, instead of what was selected.
+    void showScan(const State& before, const QString& scan);
+
     /// The text as it was entered, line breaks as LF.
     [[nodiscard]] QString scanText() const;
 

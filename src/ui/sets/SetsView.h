@@ -31,6 +31,7 @@ public:
     void chooseShootFile();
 
     void focusScanField();
+    [[nodiscard]] ScanBar& scanBar() { return *m_scan; }
 
 private:
     void addShootBar(QVBoxLayout& column);

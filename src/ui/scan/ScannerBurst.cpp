@@ -1,0 +1,121 @@
+#include "ui/scan/ScannerBurst.h"
+
+#include <utility>
+
+namespace morvak {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Kind = ScanKey::Kind;
+
+constexpr ScannerBurst::Time longestStep = 50ms;
+constexpr ScannerBurst::Time burstEnd = 150ms;
+
+// Two keys at once are a fast hand. In the scan field a hand may roll more of them, and Return with them; the
+// shortest set text has five.
+constexpr int fewestElsewhere = 3;
+constexpr int fewestInField = 5;
+
+}  // namespace
+
+bool ScannerBurst::belongs(const ScanKey& key) const
+{
+    return key.kind != Kind::shortcut && key.kind != Kind::other &&
+           (key.kind != Kind::controlBreak || m_isCaught);
+}
+
+ScannerBurst::Verdict ScannerBurst::before(const ScanKey& key, Time time)
+{
+    const Time gap = time - m_last;
+    if (isIdle() || (m_isCaught && gap <= burstEnd))
+        return Verdict::nothing;
+    if (m_isCaught)
+        return Verdict::ended;
+    const bool isHeldDown = m_fastSteps + m_slowSteps == 0 && key.key == m_lastKey;
+    const bool wasTyped = gap > longestStep || isHeldDown || (key.kind != Kind::modifier && !belongs(key));
+    const Verdict verdict = wasTyped ? release() : Verdict::nothing;
+    if (gap > burstEnd)
+        takeText();
+    return verdict;
+}
+
+ScannerBurst::Fate ScannerBurst::press(const ScanKey& key, Time time, Place place)
+{
+    const Time gap = isIdle() ? Time(0) : time - m_last;
+    if (key.kind == Kind::modifier) {
+        m_isStepFast = m_isStepFast && gap <= longestStep;
+        m_last = time;
+        return Fate::pass;
+    }
+    if (!belongs(key)) {
+        if (!m_isCaught)
+            takeText();
+        return m_isCaught && key.kind == Kind::other ? Fate::caught : Fate::pass;
+    }
+    count(key, gap);
+    append(key);
+    m_last = time;
+    const int fewest = place == Place::scanField ? fewestInField : fewestElsewhere;
+    m_isCaught = m_isCaught || (m_fastSteps + 1 >= fewest && m_fastSteps >= 3 * m_slowSteps);
+    if (!m_isCaught)
+        return passOrHold(key, place);
+    m_holds = false;
+    return Fate::caught;
+}
+
+void ScannerBurst::count(const ScanKey& key, Time gap)
+{
+    // A key that follows itself may be one that is held down.
+    if (!isIdle() && key.key != m_lastKey)
+        ++(m_isStepFast && gap <= longestStep ? m_fastSteps : m_slowSteps);
+    ++m_keys;
+    m_lastKey = key.key;
+    m_isStepFast = true;
+}
+
+void ScannerBurst::append(const ScanKey& key)
+{
+    if (key.kind == Kind::deadKey) {
+        m_accent = key.text.front();
+        return;
+    }
+    const QChar accent = std::exchange(m_accent, QChar());
+    m_text += accent.isNull() || key.kind != Kind::text ? key.text : withAccent(accent, key.text);
+}
+
+/// Text appears in the scan field at once, unless something else goes before it.
+ScannerBurst::Fate ScannerBurst::passOrHold(const ScanKey& key, Place place)
+{
+    if (place == Place::scanField && key.kind != Kind::lineBreak && !m_holds)
+        return Fate::pass;
+    m_holds = true;
+    return Fate::hold;
+}
+
+/// Nothing follows what a person ends with Return.
+ScannerBurst::Verdict ScannerBurst::release()
+{
+    if (!std::exchange(m_holds, false))
+        return Verdict::nothing;
+    if (m_text.endsWith(u'\n'))
+        takeText();
+    return Verdict::typed;
+}
+
+ScannerBurst::Verdict ScannerBurst::silence()
+{
+    return m_isCaught ? Verdict::ended : release();
+}
+
+ScannerBurst::Time ScannerBurst::patience() const
+{
+    return m_isCaught ? burstEnd : m_holds ? longestStep : Time(0);
+}
+
+QString ScannerBurst::takeText()
+{
+    return std::exchange(*this, ScannerBurst()).m_text;
+}
+
+}  // namespace morvak
