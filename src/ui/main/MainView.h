@@ -35,6 +35,7 @@ Q_SIGNALS:
     void firstShown();
     void closed();
     void quitAsked();
+    void qrGeneratorAsked();
 
 protected:
     void showEvent(QShowEvent* event) override;
