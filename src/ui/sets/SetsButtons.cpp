@@ -2,7 +2,6 @@
 
 #include "ui/blocks/Buttons.h"
 #include "ui/blocks/IconButton.h"
-#include "ui/theme/Metrics.h"
 
 #include <QPushButton>
 
@@ -19,7 +18,6 @@ QAbstractButton* SetsButtons::make(SetsAction action, const QString& objectName)
         button = new IconButton(m_theme, u"trash"_s, SetsActionTexts::help(action), nullptr, Role::danger);
     else
         button = makeButton(SetsActionTexts::label(action));
-    button->setFixedHeight(metrics::controlHeight);
     button->setObjectName(objectName);
     connect(button, &QAbstractButton::clicked, this, [this, action] { Q_EMIT asked(action); });
     m_buttons.insert(action, button);

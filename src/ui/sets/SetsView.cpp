@@ -167,7 +167,10 @@ void SetsView::followStore()
         connect(&shoots, changed, this, &SetsView::showShoot);
     for (const auto changed : {&FolderWatcher::watchPathChanged, &FolderWatcher::folderMissingChanged})
         connect(&watcher, changed, this, &SetsView::showFacts);
-    connect(&watcher, &FolderWatcher::justActivatedHeadlineChanged, m_notice, &NoticeLine::clear);
+    connect(&watcher, &FolderWatcher::justActivatedHeadlineChanged, m_notice, [this, &watcher] {
+        if (watcher.justActivatedHeadline())
+            m_notice->clear();
+    });
 }
 
 void SetsView::showShoot()
