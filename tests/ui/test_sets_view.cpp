@@ -3,22 +3,16 @@
 #include "text/ImportText.h"
 #include "ui/sets/NewShootSheet.h"
 #include "ui/sets/ScanField.h"
-#include "ui/sets/SetListModel.h"
 #include "ui/sets/SetTexts.h"
 #include "ui/sets/SetsView.h"
 #include "ui/sets/ShootFiles.h"
 
-#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QListView>
 #include <QPushButton>
-#include <QRandomGenerator>
-#include <QSignalSpy>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace morvak;
@@ -45,18 +39,6 @@ public:
     std::unique_ptr<SetsView> view;
 };
 
-QList<SetData> numbered(const QList<int>& numbers, const QHash<int, QUuid>& ids)
-{
-    QList<SetData> sets;
-    for (const int number : numbers) {
-        SetData set;
-        set.id = ids[number];
-        set.setNumber = QString::number(number);
-        sets.append(set);
-    }
-    return sets;
-}
-
 }  // namespace
 
 class TestSetsView : public QObject {
@@ -68,9 +50,7 @@ private Q_SLOTS:
     void everyWayOfWritingASetTextSurvivesTheField_data();
     void everyWayOfWritingASetTextSurvivesTheField();
     void unusableTextStaysAndIsTold();
-    void rowIsActivatedByKeyAndByItsButton();
     void pickedShootBecomesActive();
-    void modelFollowsAnyChange();
     void shootFilesAreOpenedOrTold();
     void tooLargeFileIsNotRead();
     void textsOfTheShoot();
@@ -160,32 +140,6 @@ void TestSetsView::unusableTextStaysAndIsTold()
     QVERIFY(!shownTexts(*sets.view).filter(u"Geen set herkend"_s).isEmpty());
 }
 
-void TestSetsView::rowIsActivatedByKeyAndByItsButton()
-{
-    Sets sets;
-    sets.store.createShoot(u"Herfst"_s, {}, {});
-    for (const QString& text : {u"SET:1"_s, u"SET:2"_s, u"SET:3"_s})
-        sets.store.handleScanInput(text);
-    auto& list = sets.find<QListView>(u"setList"_s);
-    const auto row = [&list](int at) { return list.model()->index(at, 0); };
-    const auto logged = [&sets] { return sets.store.activeShoot()->activationLog.size(); };
-    QCOMPARE(row(0).data(SetListModel::ActiveRole).toBool(), true);
-
-    list.setCurrentIndex(row(1));
-    QTest::keyClick(&list, Qt::Key_Return);
-    QCOMPARE(sets.watcher->currentSet()->setNumber, u"2"_s);
-    QCOMPARE(row(1).data(SetListModel::ActiveRole).toBool(), true);
-
-    // A hasty double click on the button is one activation.
-    const qsizetype before = logged();
-    const QRect last = list.visualRect(row(2));
-    const QPoint button(last.right() - 40, last.center().y());
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, button);
-    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, button);
-    QCOMPARE(sets.watcher->currentSet()->setNumber, u"1"_s);
-    QCOMPARE(logged(), before + 1);
-}
-
 void TestSetsView::pickedShootBecomesActive()
 {
     Sets sets;
@@ -205,44 +159,6 @@ void TestSetsView::pickedShootBecomesActive()
     QCOMPARE(picker.currentIndex(), 0);
 }
 
-/// Any list may follow any other; the tester watches every step.
-void TestSetsView::modelFollowsAnyChange()
-{
-    QHash<int, QUuid> ids;
-    for (int number = 0; number < 12; ++number)
-        ids.insert(number, QUuid::createUuid());
-    SetListModel model;
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    QRandomGenerator random(4);
-    for (int step = 0; step < 300; ++step) {
-        QList<int> numbers;
-        for (int number = 0; number < 12; ++number) {
-            if (random.bounded(3) > 0)
-                numbers.append(number);
-        }
-        if (step % 5 == 0)
-            std::shuffle(numbers.begin(), numbers.end(), random);
-        model.setSets(numbered(numbers, ids), ids[random.bounded(12)]);
-        QCOMPARE(model.rowCount(), numbers.size());
-        for (int row = 0; row < numbers.size(); ++row)
-            QCOMPARE(model.index(row).data(SetListModel::IdRole).toUuid(), ids[numbers[row]]);
-    }
-
-    // A count that grows is one row's change, and the place of the others stays.
-    QList<SetData> sets = numbered({1, 2, 3}, ids);
-    model.setSets(sets, ids[1]);
-    const QPersistentModelIndex kept = model.index(2);
-    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    ++sets[1].taggedCount;
-    model.setSets(sets, ids[1]);
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(changes[0][0].toModelIndex().row(), 1);
-    sets.prepend(numbered({4}, ids).constFirst());
-    model.setSets(sets, ids[1]);
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(kept.row(), 3);
-}
-
 void TestSetsView::shootFilesAreOpenedOrTold()
 {
     Sets sets;
@@ -254,7 +170,7 @@ void TestSetsView::shootFilesAreOpenedOrTold()
     file.write(*sets.store.exportJSON(*sets.store.activeShootId()));
     file.close();
     sets.dialogs.file = path;
-    sets.view->chooseShootFile();
+    sets.view->perform(SetsAction::openShootFile);
     QCOMPARE(sets.store.shoots().size(), 2);
     QVERIFY(sets.dialogs.alerts.isEmpty());
 

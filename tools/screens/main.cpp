@@ -73,7 +73,7 @@ public:
         save(panel, u"panel"_s);
         MainView behind(m_services);
         behind.show();
-        NewShootSheet sheet({u"Noord"_s, u"Velora"_s}, &behind);
+        NewShootSheet sheet(m_services, &behind);
         sheet.open();
         save(sheet, u"new-shoot"_s);
     }

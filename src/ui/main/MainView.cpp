@@ -72,7 +72,9 @@ MainView::MainView(UiServices& services, QWidget* parent)
 void MainView::makeTabs()
 {
     auto* const dashboard = new DashboardTab(m_services);
-    connect(dashboard, &DashboardTab::newShootAsked, m_sets, &SetsView::makeShoot);
+    connect(dashboard, &DashboardTab::newShootAsked, m_sets,
+            [this] { m_sets->perform(SetsAction::newShoot); });
+    connect(m_sets, &SetsView::qrGeneratorAsked, this, &MainView::qrGeneratorAsked);
     m_content->addWidget(m_sets);
     m_content->addWidget(dashboard);
     m_content->addWidget(new RenameView(m_services));
@@ -92,8 +94,17 @@ void MainView::makeShortcuts()
         m_switch->setSegmentToolTip(tab, keys.toString(QKeySequence::NativeText));
     }
     on(Qt::CTRL | Qt::Key_Q, [this] { Q_EMIT quitAsked(); });
-    on(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_sets->makeShoot(); });
-    on(Qt::CTRL | Qt::Key_O, [this] { m_sets->chooseShootFile(); });
+    for (const SetsAction action :
+         {SetsAction::newShoot, SetsAction::newSet, SetsAction::openShootFile, SetsAction::saveShootFile}) {
+        on(SetsActionTexts::keys(action), [this, action] {
+            setSelectedTab(0);
+            m_sets->perform(action);
+        });
+    }
+    on(Qt::CTRL | Qt::Key_F, [this] {
+        setSelectedTab(0);
+        m_sets->focusSearch();
+    });
     on(Qt::CTRL | Qt::Key_L, [this] {
         setSelectedTab(0);
         m_sets->focusScanField();
@@ -169,10 +180,11 @@ void MainView::dragEnterEvent(QDragEnterEvent* event)
 
 void MainView::dropEvent(QDropEvent* event)
 {
-    const QStringList files = shootFilesIn(*event->mimeData());
     event->acceptProposedAction();
-    for (const QString& file : files)
-        openShootFile(file);
+    // Whoever dropped them is let go before a file is complained about.
+    for (const QString& file : shootFilesIn(*event->mimeData()))
+        QMetaObject::invokeMethod(
+            this, [this, file] { openShootFile(file); }, Qt::QueuedConnection);
 }
 
 }  // namespace morvak

@@ -1,12 +1,30 @@
 #pragma once
 
+#include "ui/sets/SetRow.h"
+
 #include <QStyledItemDelegate>
 
 namespace morvak {
 
 class Theme;
 
-/// Paints a row of the list of sets: state, headline and description, count, and "ACTIEF" or "Activeer".
+/// One action of one row of the list of sets; none where the row is invalid.
+struct SetRowPlace {
+    QPersistentModelIndex row;
+    SetRowAction action{};
+
+    [[nodiscard]] bool is(const QModelIndex& index, SetRowAction other) const
+    {
+        return row.isValid() && row == index && action == other;
+    }
+    [[nodiscard]] bool operator==(const SetRowPlace& other) const
+    {
+        return row == other.row && (!row.isValid() || action == other.action);
+    }
+};
+
+/// Paints a row of the list of sets: state, headline and description, count, "ACTIEF" or "Activeer", and the
+/// icons of its actions.
 class SetDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -17,20 +35,23 @@ public:
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    /// Where a row shows its "Activeer", for the row's rectangle.
-    [[nodiscard]] QRect actionRect(const QRect& row) const;
+    /// How the row that stands at `area` is laid out.
+    [[nodiscard]] static SetRow rowAt(const QRect& area, const QModelIndex& index);
 
-    /// The row whose "Activeer" the pointer is over; invalid for none.
-    void setHoveredAction(const QModelIndex& index) { m_hoveredAction = index; }
+    /// Headline and description, where there is not room for all of them; else empty.
+    [[nodiscard]] QString cutTexts(const QRect& area, const QModelIndex& index) const;
+
+    /// What the pointer is over, and what the keyboard has chosen.
+    SetRowPlace hovered;
+    SetRowPlace chosen;
 
 private:
-    void paintState(QPainter& painter, const QRect& row, bool isActive) const;
-    void paintTexts(QPainter& painter, const QRect& row, const QModelIndex& index) const;
-    void paintAction(QPainter& painter, const QRect& row, const QModelIndex& index) const;
-    [[nodiscard]] QRect countRect(const QRect& row) const;
+    void paintTexts(QPainter& painter, const SetRow& row, const QModelIndex& index) const;
+    void paintBadge(QPainter& painter, const QRect& area) const;
+    void paintAction(QPainter& painter, const SetRow& row, SetRowAction action,
+                     const QModelIndex& index) const;
 
     const Theme& m_theme;
-    QPersistentModelIndex m_hoveredAction;
 };
 
 }  // namespace morvak

@@ -1,11 +1,24 @@
 #include "ui/sets/SetList.h"
 
-#include "ui/sets/SetDelegate.h"
 #include "ui/sets/SetListModel.h"
+#include "ui/theme/Theme.h"
 
+#include <QHelpEvent>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include <utility>
 
 namespace morvak {
+
+namespace {
+
+constexpr int fewestRows = 2;
+
+}  // namespace
 
 SetList::SetList(const Theme& theme, QWidget* parent)
     : QListView(parent), m_delegate(new SetDelegate(theme, this))
@@ -17,73 +30,191 @@ SetList::SetList(const Theme& theme, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
     setAccessibleName(tr("Sets"));
+    setAccessibleDescription(
+        tr("Enter activeert, F2 bewerkt, Delete verwijdert; de menutoets toont alle acties van een set"));
+    connect(&theme, &Theme::changed, viewport(), qOverload<>(&QWidget::update));
 }
 
-void SetList::ask(const QModelIndex& index)
+QSize SetList::sizeHint() const
 {
-    if (index.isValid())
-        Q_EMIT activationAsked(index.data(SetListModel::IdRole).toUuid());
+    return {QListView::sizeHint().width(), minimumSizeHint().height()};
 }
 
-QModelIndex SetList::actionAt(const QPoint& position) const
+QSize SetList::minimumSizeHint() const
 {
-    const QModelIndex index = indexAt(position);
-    const bool hasAction = index.isValid() && !index.data(SetListModel::ActiveRole).toBool();
-    return hasAction && m_delegate->actionRect(visualRect(index)).contains(position) ? index : QModelIndex();
+    return {QListView::minimumSizeHint().width(), fewestRows * SetRow::height + 2 * frameWidth()};
+}
+
+void SetList::ask(const QModelIndex& row, SetRowAction action)
+{
+    if (!row.isValid())
+        return;
+    if (action == SetRowAction::activate)
+        choose({});  // the control goes
+    Q_EMIT asked(action, row.data(SetListModel::IdRole).toUuid());
+}
+
+SetRowPlace SetList::placeAt(const QPoint& position) const
+{
+    const QModelIndex row = indexAt(position);
+    if (!row.isValid())
+        return {};
+    const std::optional<SetRowAction> action = SetDelegate::rowAt(visualRect(row), row).actionAt(position);
+    return action ? SetRowPlace{row, *action} : SetRowPlace();
+}
+
+/// What a key asks for of the current row.
+std::optional<SetRowAction> SetList::actionOf(int key) const
+{
+    const bool hasChosen = m_delegate->chosen.row.isValid();
+    switch (key) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return hasChosen ? m_delegate->chosen.action : SetRowAction::activate;
+        case Qt::Key_Space:
+            return hasChosen ? std::optional(m_delegate->chosen.action) : std::nullopt;
+        case Qt::Key_F2:
+            return SetRowAction::edit;
+        case Qt::Key_Delete:
+            return SetRowAction::remove;
+        default:
+            return std::nullopt;
+    }
 }
 
 void SetList::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (isPlain && (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left))
+        return walk(event->key() == Qt::Key_Right ? 1 : -1);
+    const std::optional<SetRowAction> action = isPlain ? actionOf(event->key()) : std::nullopt;
+    if (!action)
         return QListView::keyPressEvent(event);
     if (!event->isAutoRepeat())
-        ask(currentIndex());
+        ask(currentIndex(), *action);
+}
+
+void SetList::walk(int step)
+{
+    const QModelIndex row = currentIndex();
+    if (!row.isValid())
+        return;
+    const SetRowPlace& chosen = m_delegate->chosen;
+    const std::optional<SetRowAction> next =
+        SetDelegate::rowAt(visualRect(row), row)
+            .next(chosen.row.isValid() ? std::optional(chosen.action) : std::nullopt, step);
+    choose(next ? SetRowPlace{row, *next} : SetRowPlace());
 }
 
 void SetList::mousePressEvent(QMouseEvent* event)
 {
-    m_pressedAction = event->button() == Qt::LeftButton ? actionAt(event->pos()) : QModelIndex();
+    m_pressed = event->button() == Qt::LeftButton ? placeAt(event->pos()) : SetRowPlace();
     QListView::mousePressEvent(event);
+    choose({});
 }
 
 void SetList::mouseReleaseEvent(QMouseEvent* event)
 {
     QListView::mouseReleaseEvent(event);
-    const QModelIndex released = actionAt(event->pos());
-    if (released.isValid() && released == m_pressedAction)
-        ask(released);
-    m_pressedAction = QModelIndex();
+    const SetRowPlace pressed = std::exchange(m_pressed, {});
+    if (pressed.row.isValid() && placeAt(event->pos()) == pressed)
+        ask(pressed.row, pressed.action);
 }
 
-/// Two quick presses on "Activeer" are one wish.
+/// Two quick presses on a control are one wish.
 void SetList::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    const QModelIndex index = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && index.isValid() &&
-        !m_delegate->actionRect(visualRect(index)).contains(event->pos()))
-        ask(index);
+    if (event->button() == Qt::LeftButton && !placeAt(event->pos()).row.isValid())
+        ask(indexAt(event->pos()), SetRowAction::activate);
 }
 
 void SetList::mouseMoveEvent(QMouseEvent* event)
 {
     QListView::mouseMoveEvent(event);
-    hoverAction(actionAt(event->pos()));
+    hover(placeAt(event->pos()));
 }
 
 void SetList::leaveEvent(QEvent* event)
 {
     QListView::leaveEvent(event);
-    hoverAction({});
+    hover({});
 }
 
-void SetList::hoverAction(const QModelIndex& index)
+void SetList::focusOutEvent(QFocusEvent* event)
 {
-    if (m_hoveredAction == index)
+    QListView::focusOutEvent(event);
+    choose({});
+}
+
+void SetList::hover(const SetRowPlace& place)
+{
+    if (m_delegate->hovered == place)
         return;
-    m_hoveredAction = index;
-    m_delegate->setHoveredAction(index);
+    m_delegate->hovered = place;
     viewport()->update();
+}
+
+void SetList::choose(const SetRowPlace& place)
+{
+    m_delegate->chosen = place;
+    viewport()->update();
+}
+
+void SetList::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QPersistentModelIndex row = byKey ? currentIndex() : indexAt(event->pos());
+    if (!row.isValid())
+        return;
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const std::array<std::pair<QString, SetRowAction>, 4> entries{
+        {{tr("Bewerken"), SetRowAction::edit},
+         {tr("QR-code tonen"), SetRowAction::showQR},
+         {tr("Activeren"), SetRowAction::activate},
+         {tr("Verwijderen"), SetRowAction::remove}}};
+    for (const auto& [label, action] : entries)
+        menu->addAction(label, this, [this, row, wanted = action] { ask(row, wanted); });
+    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(row).center()) : event->globalPos());
+}
+
+bool SetList::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QListView::viewportEvent(event);
+    const auto* const help = static_cast<QHelpEvent*>(event);
+    const QString text = toolTipAt(help->pos());
+    QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : Qt::convertFromPlainText(text),
+                       viewport());
+    return true;
+}
+
+QString SetList::toolTipAt(const QPoint& position) const
+{
+    const SetRowPlace place = placeAt(position);
+    if (place.row.isValid())
+        return SetRow::help(place.action);
+    const QModelIndex row = indexAt(position);
+    return row.isValid() ? m_delegate->cutTexts(visualRect(row), row) : QString();
+}
+
+void SetList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QListView::currentChanged(current, previous);
+    choose({});
+}
+
+/// A set that comes in above must not push away what the user is looking at.
+void SetList::rowsInserted(const QModelIndex& parent, int start, int end)
+{
+    const int place = verticalScrollBar()->value();
+    QListView::rowsInserted(parent, start, end);
+    if (place == 0 || start * SetRow::height > place || end - start + 1 == model()->rowCount())
+        return;
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(place + (end - start + 1) * SetRow::height);
 }
 
 }  // namespace morvak

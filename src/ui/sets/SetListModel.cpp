@@ -1,5 +1,6 @@
 #include "ui/sets/SetListModel.h"
 
+#include "ui/sets/SetSearch.h"
 #include "ui/sets/SetTexts.h"
 
 #include <algorithm>
@@ -10,27 +11,30 @@ namespace morvak {
 
 namespace {
 
-bool looksTheSame(const SetData& a, const SetData& b)
+bool sameItem(const SetItem& a, const SetItem& b)
 {
-    return a.taggedCount == b.taggedCount && a.headline() == b.headline() &&
-           a.description() == b.description();
+    return a.name == b.name && a.color == b.color;
+}
+
+bool readsTheSame(const SetData& a, const SetData& b)
+{
+    return a.setNumber == b.setNumber && a.brand == b.brand && a.model == b.model &&
+           (a.items.constData() == b.items.constData() || std::ranges::equal(a.items, b.items, sameItem));
 }
 
 }  // namespace
 
 void SetListModel::setSets(const QList<SetData>& sets, std::optional<QUuid> activeId)
 {
-    const QList<SetData> before = m_sets;
     const std::optional<QUuid> activeBefore = std::exchange(m_activeId, activeId);
     const Change change = changeTo(sets);
     takeRows(sets, change);
     for (int row = 0; row < rowCount(); ++row) {
-        const bool isNew = row >= change.first && row < change.first + change.added;
-        if (isNew)
+        if (row >= change.first && row < change.first + change.added)
             continue;
-        const SetData& old = before[row < change.first ? row : row - change.added + change.removed];
-        const bool activeChanged = (old.id == activeBefore) != (old.id == activeId);
-        if (activeChanged || !looksTheSame(old, m_sets[row]))
+        const QUuid id = sets[row].id;
+        const bool activeChanged = (id == activeBefore) != (id == activeId);
+        if (takeSet(m_rows[row], sets[row]) || activeChanged)
             Q_EMIT dataChanged(index(row), index(row));
     }
 }
@@ -39,14 +43,14 @@ void SetListModel::setSets(const QList<SetData>& sets, std::optional<QUuid> acti
 /// come.
 SetListModel::Change SetListModel::changeTo(const QList<SetData>& sets) const
 {
-    const auto sameId = [](const SetData& a, const SetData& b) { return a.id == b.id; };
-    const auto start = std::mismatch(m_sets.cbegin(), m_sets.cend(), sets.cbegin(), sets.cend(), sameId);
-    const auto end = std::mismatch(m_sets.crbegin(), std::make_reverse_iterator(start.first), sets.crbegin(),
+    const auto sameId = [](const Row& row, const SetData& set) { return row.set.id == set.id; };
+    const auto start = std::mismatch(m_rows.cbegin(), m_rows.cend(), sets.cbegin(), sets.cend(), sameId);
+    const auto end = std::mismatch(m_rows.crbegin(), std::make_reverse_iterator(start.first), sets.crbegin(),
                                    std::make_reverse_iterator(start.second), sameId);
-    const auto first = static_cast<int>(start.first - m_sets.cbegin());
-    const auto last = static_cast<int>(end.first - m_sets.crbegin());
+    const auto first = static_cast<int>(start.first - m_rows.cbegin());
+    const auto last = static_cast<int>(end.first - m_rows.crbegin());
     return {.first = first,
-            .removed = static_cast<int>(m_sets.size()) - first - last,
+            .removed = static_cast<int>(m_rows.size()) - first - last,
             .added = static_cast<int>(sets.size()) - first - last};
 }
 
@@ -54,26 +58,45 @@ void SetListModel::takeRows(const QList<SetData>& sets, const Change& change)
 {
     if (change.removed > 0) {
         beginRemoveRows({}, change.first, change.first + change.removed - 1);
-        m_sets.remove(change.first, change.removed);
+        m_rows.remove(change.first, change.removed);
         endRemoveRows();
     }
-    if (change.added > 0)
+    if (change.added > 0) {
         beginInsertRows({}, change.first, change.first + change.added - 1);
-    m_sets = sets;
-    if (change.added > 0)
+        m_rows.insert(change.first, change.added, Row());
+        for (int row = change.first; row < change.first + change.added; ++row)
+            m_rows[row] = {sets[row], SetSearch::keyOf(sets[row])};
         endInsertRows();
+    }
+}
+
+/// Whether the row looks different now.
+bool SetListModel::takeSet(Row& row, const SetData& set) const
+{
+    const bool reads = readsTheSame(row.set, set);
+    const bool counts = row.set.taggedCount == set.taggedCount;
+    row.set = set;
+    if (!reads)
+        row.searchKey = SetSearch::keyOf(set);
+    return !reads || !counts;
+}
+
+QModelIndex SetListModel::indexOf(QUuid setId) const
+{
+    const auto found = std::ranges::find_if(m_rows, [setId](const Row& row) { return row.set.id == setId; });
+    return found == m_rows.cend() ? QModelIndex() : index(static_cast<int>(found - m_rows.cbegin()));
 }
 
 int SetListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_sets.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
 QVariant SetListModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const SetData& set = m_sets[index.row()];
+    const auto& [set, searchKey] = m_rows[index.row()];
     const bool isActive = set.id == m_activeId;
     switch (role) {
         case IdRole:
@@ -82,12 +105,13 @@ QVariant SetListModel::data(const QModelIndex& index, int role) const
         case HeadlineRole:
             return SetTexts::name(set);
         case DescriptionRole:
-        case Qt::ToolTipRole:
             return set.description();
         case CountRole:
             return SetTexts::count(set);
         case ActiveRole:
             return isActive;
+        case SearchKeyRole:
+            return searchKey;
         case Qt::AccessibleTextRole:
             return SetTexts::spoken(set, isActive);
         default:

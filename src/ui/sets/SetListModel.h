@@ -19,19 +19,26 @@ public:
         IdRole = Qt::UserRole,  ///< QUuid
         HeadlineRole,
         DescriptionRole,
-        CountRole,   ///< "34 foto's"
-        ActiveRole,  ///< bool
+        CountRole,      ///< "34 foto's"
+        ActiveRole,     ///< bool
+        SearchKeyRole,  ///< as `SetSearch` makes it
     };
 
     using QAbstractListModel::QAbstractListModel;
 
     void setSets(const QList<SetData>& sets, std::optional<QUuid> activeId);
-    [[nodiscard]] const QList<SetData>& sets() const { return m_sets; }
+
+    /// The row of a set; invalid without one.
+    [[nodiscard]] QModelIndex indexOf(QUuid setId) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
+    struct Row {
+        SetData set;
+        QString searchKey;
+    };
     struct Change {
         int first;
         int removed;
@@ -40,8 +47,9 @@ private:
 
     [[nodiscard]] Change changeTo(const QList<SetData>& sets) const;
     void takeRows(const QList<SetData>& sets, const Change& change);
+    [[nodiscard]] bool takeSet(Row& row, const SetData& set) const;
 
-    QList<SetData> m_sets;
+    QList<Row> m_rows;
     std::optional<QUuid> m_activeId;
 };
 

@@ -2,6 +2,8 @@
 
 #include "text/NameOrder.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace morvak {
@@ -43,6 +45,40 @@ QString SetTexts::statistics(const Shoot& shoot)
            tr(" foto's getagd");
 }
 
+QString SetTexts::deleteTitle(const Shoot& shoot)
+{
+    return tr("Shoot \"") + shoot.name + tr("\" verwijderen?");
+}
+
+QString SetTexts::deleteMessage(const Shoot& shoot)
+{
+    return tr("Dit verwijdert de shoot en alle ") + QString::number(shoot.sets.size()) +
+           tr(" sets erin. Al getagde foto's blijven ongewijzigd, alleen de gegevens in Morvak verdwijnen.");
+}
+
+QString SetTexts::deleteTitle(const SetData& set)
+{
+    return tr("Set \"") + set.setNumber + tr("\" verwijderen?");
+}
+
+QString SetTexts::deleteMessage(const SetData& set, bool takesPhotos)
+{
+    const QString message =
+        tr("%1 verdwijnt uit de shoot. Al getagde foto's blijven ongewijzigd.").arg(name(set));
+    return takesPhotos
+               ? message + u' ' + tr("Nieuwe foto's krijgen daarna geen set, tot je een andere activeert.")
+               : message;
+}
+
+QString SetTexts::backlogResult(const BacklogScanSummary& summary)
+{
+    if (summary.totalCandidates == 0)
+        return tr("Geen nog-ongetagde bestanden gevonden.");
+    return QString::number(summary.totalCandidates) + tr(" gevonden, ") + QString::number(summary.tagged) +
+           tr(" getagd, ") + QString::number(summary.unresolved) +
+           tr(" overgeslagen (geen actieve set op dat tijdstip — zie het log).");
+}
+
 QStringList knownClients(const QList<Shoot>& shoots, const QStringList& listed)
 {
     QStringList clients = listed;
@@ -51,6 +87,13 @@ QStringList knownClients(const QList<Shoot>& shoots, const QStringList& listed)
     clients.removeAll(QString());
     clients.removeDuplicates();
     return sortedByName(clients);
+}
+
+QString brandOfClient(const QStringList& brands, const QString& client)
+{
+    const auto found = std::ranges::find_if(
+        brands, [&client](const QString& brand) { return brand.compare(client, Qt::CaseInsensitive) == 0; });
+    return found == brands.cend() ? QString() : *found;
 }
 
 }  // namespace morvak

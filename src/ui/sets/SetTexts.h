@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Shoot.h"
+#include "watch/Backlog.h"
 
 #include <QCoreApplication>
 
@@ -21,9 +22,21 @@ public:
     [[nodiscard]] static QString watchFolder(const std::optional<Shoot>& shoot);
     /// "12 sets · 348 foto's getagd"
     [[nodiscard]] static QString statistics(const Shoot& shoot);
+
+    /// What is asked before a shoot or a set is deleted. `takesPhotos` when new photos get the set.
+    [[nodiscard]] static QString deleteTitle(const Shoot& shoot);
+    [[nodiscard]] static QString deleteMessage(const Shoot& shoot);
+    [[nodiscard]] static QString deleteTitle(const SetData& set);
+    [[nodiscard]] static QString deleteMessage(const SetData& set, bool takesPhotos);
+
+    /// What has come of tagging the photos that were there already.
+    [[nodiscard]] static QString backlogResult(const BacklogScanSummary& summary);
 };
 
 /// The clients of the shoots and those listed, each once, in the order of names; empty ones left out.
 [[nodiscard]] QStringList knownClients(const QList<Shoot>& shoots, const QStringList& listed = {});
+
+/// The first of the brands that is called like the client, in whatever case; empty without one.
+[[nodiscard]] QString brandOfClient(const QStringList& brands, const QString& client);
 
 }  // namespace morvak

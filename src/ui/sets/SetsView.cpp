@@ -1,184 +1,358 @@
 #include "ui/sets/SetsView.h"
 
+#include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
-#include "ui/blocks/Buttons.h"
-#include "ui/blocks/ElidedLabel.h"
 #include "ui/blocks/EmptyState.h"
 #include "ui/blocks/NoticeLine.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/blocks/WrapLayout.h"
-#include "ui/sets/NewShootSheet.h"
+#include "ui/sets/BacklogBar.h"
 #include "ui/sets/ScanBar.h"
+#include "ui/sets/SearchField.h"
+#include "ui/sets/SetBar.h"
+#include "ui/sets/SetEdits.h"
+#include "ui/sets/SetFilter.h"
 #include "ui/sets/SetList.h"
 #include "ui/sets/SetListModel.h"
 #include "ui/sets/SetTexts.h"
+#include "ui/sets/SetsButtons.h"
+#include "ui/sets/SetsSheets.h"
+#include "ui/sets/ShootBar.h"
+#include "ui/sets/ShootExport.h"
 #include "ui/sets/ShootFiles.h"
-#include "ui/sets/ShootPicker.h"
 #include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
-#include <QLabel>
+#include <QDragEnterEvent>
 #include <QPushButton>
-#include <QStackedLayout>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace morvak {
 
 namespace {
 
 constexpr int widestContent = 1200;
-
-/// The parts of the tab's content, in the order of the stack.
-enum Content { noShoot, noSets, listOfSets };
+/// Below this height the fields stand side by side, so that there is room for the list.
+constexpr int lowTab = 420;
 
 }  // namespace
 
 SetsView::SetsView(UiServices& services, QWidget* parent)
     : QWidget(parent),
       m_services(services),
-      m_folder(new ElidedLabel({}, nullptr, Qt::ElideMiddle)),
-      m_statistics(makeText({}, TextStyle::body, Role::secondary)),
+      m_buttons(new SetsButtons(services.theme, this)),
+      m_sheets(new SetsSheets(services, *this)),
+      m_backlog(new BacklogBar(services)),
+      m_setBar(new SetBar(services.theme, *m_buttons)),
       m_scan(new ScanBar(services)),
+      m_search(new SearchField(services.theme)),
       m_notice(new NoticeLine),
       m_model(new SetListModel(this)),
-      m_content(new QStackedLayout),
-      m_refresh([this] { showShoot(); })
+      m_filter(new SetFilter(this)),
+      m_list(new SetList(services.theme))
 {
-    setObjectName(QStringLiteral("setsView"));
+    setObjectName(u"setsView"_s);
+    setAcceptDrops(true);
+    m_filter->setSourceModel(m_model);
+    QBoxLayout& column = *makeColumn();
+    column.addWidget(new ShootBar(services.shoots, *m_buttons, m_backlog));
+    column.addWidget(m_setBar);
+    addFields(column);
+    addList(column);
+    followUser();
+    followStore();
+    showShoot();
+}
+
+/// Everything scrolls together where the window is too low for it.
+QBoxLayout* SetsView::makeColumn()
+{
     auto* const inside = new QWidget;
     inside->setMaximumWidth(widestContent);
-    auto* const centred = new QHBoxLayout(this);
-    centred->setContentsMargins(0, 0, 0, 0);
-    centred->addWidget(inside);
+    auto* const centred = new QWidget;
+    auto* const row = new QHBoxLayout(centred);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(inside);
+
+    auto* const scroll = new QScrollArea;
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(centred);
+    auto* const whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scroll);
 
     auto* const column = new QVBoxLayout(inside);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(metrics::inGroup);
-    addShootBar(*column);
-    addFolderLine(*column);
-    column->addWidget(m_scan);
-    column->addWidget(m_notice);
-    addList(*column);
-
-    connect(m_scan, &ScanBar::notUnderstood, m_notice, [this] {
-        m_notice->showNotice(tr("Geen set herkend: de tekst heeft geen regel SET: of BRAND:."),
-                             Role::warning);
-    });
-    connect(&services.watcher, &FolderWatcher::justActivatedHeadlineChanged, m_notice, &NoticeLine::clear);
-    connect(&services.shoots, &ShootManager::shootsChanged, this, [this] { m_refresh.ask(); });
-    for (const auto changed : {&ShootManager::activeShootIdChanged, &ShootManager::activeSetIdChanged})
-        connect(&services.shoots, changed, this, &SetsView::showShoot);
-    showShoot();
+    return column;
 }
 
-void SetsView::addShootBar(QVBoxLayout& column)
+void SetsView::addFields(QBoxLayout& column)
 {
-    auto* const picker = new ShootPicker(m_services.shoots);
-    auto* const choice = new QWidget;
-    auto* const row = new QHBoxLayout(choice);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(metrics::inGroup);
-    QLabel* const label = makeText(tr("Shoot"), TextStyle::body);
-    label->setBuddy(picker);
-    row->addWidget(label);
-    row->addWidget(picker);
-
-    QPushButton* const create = makeButton(tr("Nieuwe Shoot"));
-    create->setObjectName(QStringLiteral("newShoot"));
-    create->setToolTip(QStringLiteral("Ctrl+Shift+N"));
-    QPushButton* const open = makeButton(tr("Open..."));
-    open->setObjectName(QStringLiteral("openShootFile"));
-    open->setToolTip(tr("Open een .morvak-bestand, bijv. een shoot voorbereid in Morvak Prep") +
-                     QStringLiteral(" (Ctrl+O)"));
-    auto* const bar = new WrapLayout;
-    for (QWidget* const part : {choice, static_cast<QWidget*>(create), static_cast<QWidget*>(open)})
-        bar->addWidget(part);
-    column.addLayout(bar);
-    connect(create, &QPushButton::clicked, this, &SetsView::makeShoot);
-    connect(open, &QPushButton::clicked, this, &SetsView::chooseShootFile);
+    m_fields = new QBoxLayout(QBoxLayout::TopToBottom);
+    m_fields->setSpacing(metrics::inGroup);
+    m_fields->addWidget(m_scan, 3);
+    m_fields->addWidget(m_search, 2);
+    auto* const group = new QVBoxLayout;
+    group->setSpacing(metrics::inGroup / 2);
+    group->addLayout(m_fields);
+    group->addWidget(m_notice);
+    column.addLayout(group);
+    column.addSpacing(-metrics::inGroup / 2);
 }
 
-void SetsView::addFolderLine(QVBoxLayout& column)
+void SetsView::addList(QBoxLayout& column)
 {
-    m_folder->setObjectName(QStringLiteral("watchFolderLine"));
-    m_statistics->setObjectName(QStringLiteral("statistics"));
-    setTextLook(*m_folder, TextStyle::body, Role::secondary);
-    m_statistics->setFont(Theme::tabular(m_statistics->font()));
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(metrics::inGroup);
-    row->addWidget(
-        new SymbolLabel(m_services.theme, QStringLiteral("folder"), metrics::smallIcon, Role::secondary));
-    row->addWidget(m_folder, 1);
-    row->addWidget(m_statistics);
-    column.addLayout(row);
-}
-
-void SetsView::addList(QVBoxLayout& column)
-{
-    auto* const start = new EmptyState(
-        m_services.theme, QStringLiteral("camera.fill"), tr("Maak een shoot aan om te beginnen"),
+    const Theme& theme = m_services.theme;
+    m_noShoot = new EmptyState(
+        theme, u"camera.fill"_s, tr("Maak een shoot aan om te beginnen"),
         tr("Zonder shoot worden set-kaarten niet herkend, en onthoudt Morvak geen map en geen sets."));
-    QPushButton* const create = start->addButton(tr("Nieuwe Shoot"));
-    create->setObjectName(QStringLiteral("firstShoot"));
-    connect(create, &QPushButton::clicked, this, &SetsView::makeShoot);
+    QPushButton* const firstShoot = m_noShoot->addButton(tr("Nieuwe Shoot"));
+    firstShoot->setObjectName(u"firstShoot"_s);
+    connect(firstShoot, &QPushButton::clicked, this, [this] { perform(SetsAction::newShoot); });
 
-    auto* const list = new SetList(m_services.theme);
-    list->setObjectName(QStringLiteral("setList"));
-    list->setModel(m_model);
-    connect(list, &SetList::activationAsked, this, &SetsView::activate);
+    m_noSets = new EmptyState(
+        theme, u"qrcode"_s, tr("Nog geen sets in deze shoot"),
+        tr("Scan of fotografeer een set-kaart, of plak de setdata hierboven: de set komt er vanzelf bij."));
+    QPushButton* const firstSet = m_noSets->addButton(tr("+ Set"));
+    firstSet->setObjectName(u"firstSet"_s);
+    connect(firstSet, &QPushButton::clicked, this, [this] { perform(SetsAction::newSet); });
 
-    m_content->addWidget(start);
-    m_content->addWidget(new EmptyState(
-        m_services.theme, QStringLiteral("qrcode"), tr("Nog geen sets in deze shoot"),
-        tr("Scan of fotografeer een set-kaart, of plak de setdata hierboven: de set komt er vanzelf bij.")));
-    m_content->addWidget(list);
-    column.addLayout(m_content, 1);
+    m_nothingFound = new EmptyState(theme, u"magnifyingglass"_s, tr("Geen set gevonden"));
+    QPushButton* const clear = m_nothingFound->addButton(tr("Toon alle sets"));
+    clear->setObjectName(u"showAllSets"_s);
+    connect(clear, &QPushButton::clicked, this, [this] {
+        m_search->clear();
+        focusScanField();
+    });
+
+    m_list->setObjectName(u"setList"_s);
+    m_list->setModel(m_filter);
+    for (QWidget* const content : {static_cast<QWidget*>(m_noShoot), static_cast<QWidget*>(m_noSets),
+                                   static_cast<QWidget*>(m_nothingFound), static_cast<QWidget*>(m_list)})
+        column.addWidget(content, 1);
+}
+
+void SetsView::followUser()
+{
+    connect(m_buttons, &SetsButtons::asked, this, &SetsView::perform);
+    connect(m_list, &SetList::asked, this, &SetsView::performOnSet);
+    connect(m_search, &SearchField::textChanged, this, &SetsView::showSearch);
+    connect(m_search, &SearchField::resultsAsked, this, &SetsView::showResults);
+    connect(m_search, &SearchField::left, this, &SetsView::focusScanField);
+    connect(m_sheets, &SetsSheets::closed, this, &SetsView::focusScanField);
+    connect(m_sheets, &SetsSheets::told, this, &SetsView::tell);
+    connect(m_sheets, &SetsSheets::setAdded, this, &SetsView::reveal);
+    connect(m_backlog, &BacklogBar::isRunningChanged, this, &SetsView::showFacts);
+    connect(m_backlog, &BacklogBar::told, this, &SetsView::focusScanField);
+    connect(m_scan, &ScanBar::notUnderstood, this, [this] {
+        tell({tr("Geen set herkend: de tekst heeft geen regel SET: of BRAND:."), Role::warning});
+    });
+}
+
+void SetsView::followStore()
+{
+    const ShootManager& shoots = m_services.shoots;
+    const FolderWatcher& watcher = m_services.watcher;
+    connect(&shoots, &ShootManager::activeShootIdChanged, m_search, &SearchField::clear);
+    for (const auto changed : {&ShootManager::shootsChanged, &ShootManager::activeShootIdChanged,
+                               &ShootManager::activeSetIdChanged})
+        connect(&shoots, changed, this, &SetsView::showShoot);
+    for (const auto changed : {&FolderWatcher::watchPathChanged, &FolderWatcher::folderMissingChanged})
+        connect(&watcher, changed, this, &SetsView::showFacts);
+    connect(&watcher, &FolderWatcher::justActivatedHeadlineChanged, m_notice, [this, &watcher] {
+        if (watcher.justActivatedHeadline())
+            m_notice->clear();
+    });
 }
 
 void SetsView::showShoot()
 {
     const std::optional<Shoot> shoot = m_services.shoots.activeShoot();
     m_model->setSets(shoot ? shoot->sets : QList<SetData>(), m_services.shoots.activeSetId());
-    m_folder->setText(SetTexts::watchFolder(shoot));
-    m_statistics->setText(shoot ? SetTexts::statistics(*shoot) : QString());
-    const bool hasShoots = !m_services.shoots.shoots().isEmpty();
-    const bool hasSets = shoot && !shoot->sets.isEmpty();
-    m_content->setCurrentIndex(!hasShoots ? noShoot : hasSets ? listOfSets : noSets);
+    m_setBar->showShoot(shoot);
+    showContent();
+    showFacts();
 }
 
-void SetsView::activate(QUuid setId)
+void SetsView::showContent()
 {
-    m_services.shoots.activateSet(setId);
-    if (const std::optional<SetData> set = m_services.shoots.activeSet())
-        m_services.watcher.setCurrentSet(set);
+    const bool hasShoot = m_services.shoots.activeShoot().has_value();
+    const bool hasSets = m_model->rowCount() > 0;
+    const bool hasFound = m_filter->rowCount() > 0;
+    m_noShoot->setVisible(!hasShoot);
+    m_noSets->setVisible(hasShoot && !hasSets);
+    m_nothingFound->setVisible(hasSets && !hasFound);
+    m_list->setVisible(hasFound);
 }
 
-void SetsView::makeShoot()
+void SetsView::showFacts()
 {
-    auto* const sheet = new NewShootSheet(m_services, window());
-    sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &QDialog::accepted, this, [this, sheet] {
-        const NewShoot entered = sheet->shoot();
-        m_services.shoots.createShoot(entered.name, entered.location, entered.client);
-    });
-    connect(sheet, &QDialog::finished, this, &SetsView::focusScanField);
-    sheet->open();
+    const std::optional<Shoot> shoot = m_services.shoots.activeShoot();
+    const QString folder = shoot ? shoot->watchFolderPath.value_or(QString()) : QString();
+    const FolderWatcher& watcher = m_services.watcher;
+    m_buttons->setFacts({.hasShoot = shoot.has_value(),
+                         .hasFolder = !folder.isEmpty(),
+                         .folderMissing = watcher.folderMissing() && watcher.watchPath() == folder,
+                         .isProcessing = m_backlog->isRunning()});
 }
 
-void SetsView::chooseShootFile()
+void SetsView::showSearch(const QString& text)
+{
+    m_list->scrollToTop();
+    m_filter->setSearch(SetSearch(text));
+    showContent();
+    if (m_list->currentIndex().isValid())
+        m_list->scrollTo(m_list->currentIndex());
+}
+
+void SetsView::showResults()
+{
+    if (m_filter->rowCount() == 0)
+        return;
+    if (!m_list->currentIndex().isValid())
+        m_list->setCurrentIndex(m_filter->index(0, 0));
+    m_list->setFocus(Qt::ShortcutFocusReason);
+}
+
+void SetsView::reveal(QUuid setId)
+{
+    const QModelIndex set = m_model->indexOf(setId);
+    if (!m_filter->mapFromSource(set).isValid())
+        m_search->clear();
+    m_list->setCurrentIndex(m_filter->mapFromSource(set));
+}
+
+void SetsView::tell(const Notice& notice)
+{
+    m_notice->showNotice(notice.text, notice.role);
+}
+
+void SetsView::perform(SetsAction action)
+{
+    const QString reason = SetsActionTexts::reasonAgainst(action, m_buttons->facts());
+    if (!reason.isEmpty())
+        return tell({reason, Role::warning});
+    switch (action) {
+        case SetsAction::newShoot:
+            return m_sheets->newShoot();
+        case SetsAction::deleteShoot:
+            return m_sheets->deleteShoot();
+        case SetsAction::clients:
+            return m_sheets->clients();
+        case SetsAction::importCsv:
+            return m_sheets->import();
+        case SetsAction::exportCsv:
+            return exportAs(ShootExport::csv);
+        case SetsAction::exportJson:
+            return exportAs(ShootExport::json);
+        case SetsAction::qrGenerator:
+            return qrGeneratorAsked();
+        case SetsAction::bulkExport:
+            return m_sheets->bulkExport();
+        case SetsAction::catalog:
+            return m_sheets->catalog();
+        case SetsAction::processExisting:
+            return processExisting();
+        case SetsAction::newSet:
+            return m_sheets->newSet();
+        case SetsAction::openShootFile:
+            return openShootFile();
+        case SetsAction::saveShootFile:
+            return exportAs(ShootExport::shootFile);
+    }
+}
+
+void SetsView::performOnSet(SetRowAction action, QUuid setId)
+{
+    switch (action) {
+        case SetRowAction::activate:
+            return activateSet(m_services.shoots, m_services.watcher, setId);
+        case SetRowAction::showQR:
+            return m_sheets->showQR(setId);
+        case SetRowAction::edit:
+            return m_sheets->editSet(setId);
+        case SetRowAction::remove:
+            return m_sheets->deleteSet(setId);
+    }
+}
+
+void SetsView::exportAs(ShootExport kind)
+{
+    if (const std::optional<Notice> notice = exportShoot(m_services, kind, window()))
+        tell(*notice);
+    focusScanField();
+}
+
+void SetsView::openShootFile()
 {
     const QString path = m_services.dialogs.openFile(window(), tr("Shoot openen"), tr("Shoots (*.morvak)"));
     if (!path.isEmpty())
-        openShootFile(m_services, path, window());
+        morvak::openShootFile(m_services, path, window());
+    focusScanField();
+}
+
+void SetsView::processExisting()
+{
+    if (!m_backlog->start())
+        tell({tr("De watch folder van deze shoot kan niet gelezen worden."), Role::warning});
+}
+
+void SetsView::takeDrop(const QStringList& csvFiles)
+{
+    const QString reason = SetsActionTexts::reasonAgainst(SetsAction::importCsv, m_buttons->facts());
+    if (!reason.isEmpty())
+        tell({reason, Role::warning});
+    else if (csvFiles.size() > 1)
+        tell({tr("Sleep één CSV-bestand tegelijk hierheen."), Role::warning});
+    else
+        m_sheets->import(csvFiles.constFirst());
 }
 
 void SetsView::focusScanField()
 {
     m_scan->focusField();
+}
+
+void SetsView::focusSearch()
+{
+    m_search->focusField();
+}
+
+void SetsView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!std::exchange(m_wasShown, true))
+        m_services.catalog.load();
+}
+
+void SetsView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_fields->setDirection(height() < lowTab ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+/// Shoot files are taken wherever they are dropped on the window.
+void SetsView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (shootFilesIn(*event->mimeData()).isEmpty() && !csvFilesIn(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+void SetsView::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, files = csvFilesIn(*event->mimeData())] { takeDrop(files); }, Qt::QueuedConnection);
 }
 
 }  // namespace morvak

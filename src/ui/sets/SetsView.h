@@ -1,53 +1,91 @@
 #pragma once
 
-#include "ui/blocks/CoalescedCall.h"
+#include "ui/sets/SetsActions.h"
 
 #include <QUuid>
 #include <QWidget>
 
-class QLabel;
-class QStackedLayout;
-class QVBoxLayout;
+class QBoxLayout;
 
 namespace morvak {
 
-class ElidedLabel;
+class BacklogBar;
+class EmptyState;
 class NoticeLine;
 class ScanBar;
+class SearchField;
+class SetBar;
+class SetFilter;
+class SetList;
 class SetListModel;
+class SetsButtons;
+class SetsSheets;
+enum class ShootExport;
+enum class SetRowAction;
+struct Notice;
 struct UiServices;
 
-/// The tab "Sets": chooses the shoot, takes scans, lists the sets of the active shoot and activates them.
+/// The tab "Sets": chooses the shoot, takes scans, lists the sets of the active shoot and activates them, and
+/// is where everything is done with shoots and sets. A CSV file that is dropped on it is imported.
 class SetsView final : public QWidget {
     Q_OBJECT
 
 public:
     explicit SetsView(UiServices& services, QWidget* parent = nullptr);
 
-    /// Asks for a new shoot.
-    void makeShoot();
-
-    /// Asks for a shoot file, and opens it.
-    void chooseShootFile();
+    /// Does it, or tells in a quiet line why it cannot be done now.
+    void perform(SetsAction action);
 
     void focusScanField();
     [[nodiscard]] ScanBar& scanBar() { return *m_scan; }
+    void focusSearch();
+
+Q_SIGNALS:
+    void qrGeneratorAsked();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
-    void addShootBar(QVBoxLayout& column);
-    void addFolderLine(QVBoxLayout& column);
-    void addList(QVBoxLayout& column);
+    QBoxLayout* makeColumn();
+    void addFields(QBoxLayout& column);
+    void addList(QBoxLayout& column);
+    void followStore();
+    void followUser();
+
     void showShoot();
-    void activate(QUuid setId);
+    void showContent();
+    void showFacts();
+    void showSearch(const QString& text);
+    void showResults();
+    void reveal(QUuid setId);
+    void tell(const Notice& notice);
+
+    void performOnSet(SetRowAction action, QUuid setId);
+    void exportAs(ShootExport kind);
+    void openShootFile();
+    void processExisting();
+    void takeDrop(const QStringList& csvFiles);
 
     UiServices& m_services;
-    ElidedLabel* m_folder;
-    QLabel* m_statistics;
+    SetsButtons* m_buttons;
+    SetsSheets* m_sheets;
+    BacklogBar* m_backlog;
+    SetBar* m_setBar;
     ScanBar* m_scan;
+    SearchField* m_search;
     NoticeLine* m_notice;
+    QBoxLayout* m_fields = nullptr;
     SetListModel* m_model;
-    QStackedLayout* m_content;
-    CoalescedCall m_refresh;
+    SetFilter* m_filter;
+    SetList* m_list;
+    EmptyState* m_noShoot = nullptr;
+    EmptyState* m_noSets = nullptr;
+    EmptyState* m_nothingFound = nullptr;
+    bool m_wasShown = false;
 };
 
 }  // namespace morvak

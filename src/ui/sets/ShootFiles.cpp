@@ -17,6 +17,21 @@ using namespace Qt::StringLiterals;
 
 namespace morvak {
 
+namespace {
+
+QStringList filesIn(const QMimeData& data, QStringView extension)
+{
+    QStringList files;
+    for (const QUrl& url : data.urls()) {
+        const QString path = url.toLocalFile();
+        if (lowerCaseExtension(path) == extension)
+            files.append(path);
+    }
+    return files;
+}
+
+}  // namespace
+
 std::optional<QByteArray> readShootFile(const QString& path)
 {
     // A pipe would be waited for.
@@ -46,13 +61,12 @@ void openShootFile(UiServices& services, const QString& path, QWidget* window)
 
 QStringList shootFilesIn(const QMimeData& data)
 {
-    QStringList files;
-    for (const QUrl& url : data.urls()) {
-        const QString path = url.toLocalFile();
-        if (lowerCaseExtension(path) == u"morvak")
-            files.append(path);
-    }
-    return files;
+    return filesIn(data, u"morvak");
+}
+
+QStringList csvFilesIn(const QMimeData& data)
+{
+    return filesIn(data, u"csv");
 }
 
 }  // namespace morvak

@@ -21,5 +21,7 @@ void openShootFile(UiServices& services, const QString& path, QWidget* window);
 
 /// Paths of the shoot files among what is being dragged, by their extension.
 [[nodiscard]] QStringList shootFilesIn(const QMimeData& data);
+/// Likewise of the CSV files.
+[[nodiscard]] QStringList csvFilesIn(const QMimeData& data);
 
 }  // namespace morvak

@@ -2,6 +2,7 @@
 
 #include "store/ShootManager.h"
 
+#include <QStylePainter>
 #include <QUuid>
 #include <QWheelEvent>
 
@@ -29,6 +30,21 @@ ShootPicker::ShootPicker(ShootManager& shoots, QWidget* parent) : QComboBox(pare
     showShoots();
 }
 
+/// As the base class does, but a long name ends in an ellipsis.
+void ShootPicker::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    if (currentIndex() < 0)
+        option.currentText = placeholderText();
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width());
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
 void ShootPicker::wheelEvent(QWheelEvent* event)
 {
     event->ignore();
@@ -45,6 +61,8 @@ void ShootPicker::showShoots()
             addItem(QString());
         if (itemText(row) != shoot.name)
             setItemText(row, shoot.name);
+        if (itemData(row, Qt::ToolTipRole).toString() != shoot.name)
+            setItemData(row, shoot.name, Qt::ToolTipRole);
         if (itemData(row).toUuid() != shoot.id)
             setItemData(row, shoot.id);
         if (current < 0 && m_shoots.activeShootId() == shoot.id)

@@ -15,6 +15,7 @@ public:
     explicit ShootPicker(ShootManager& shoots, QWidget* parent = nullptr);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
