@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QThreadPool>
 
 using namespace Qt::StringLiterals;
 using namespace morvak;
@@ -271,8 +272,8 @@ void TestQRScreens::exportIsChosenByKeyAndMouse()
     QCOMPARE(count.text(), u"1/2 geselecteerd"_s);
     QCOMPARE(toggle.text(), u"Selecteer alles"_s);
     QVERIFY(exporting.isEnabled());
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
-                      list.visualRect(list.model()->index(1, 0)).center());
+    const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
     QCOMPARE(count.text(), u"0/2 geselecteerd"_s);
     QVERIFY(!exporting.isEnabled());
     QVERIFY(!exporting.toolTip().isEmpty());
@@ -300,9 +301,21 @@ void TestQRScreens::exportWritesAndCloses()
     fixture.dialogs.saved = fixture.data.filePath(u"x.pdf"_s);
     button(sheet, u"exportPDF"_s).click();
     QTRY_VERIFY(!sheet.isVisible());
-    QFile pdf(fixture.dialogs.saved);
-    QVERIFY(pdf.open(QFile::ReadOnly));
-    QVERIFY(pdf.readAll().startsWith("%PDF-"));
+    const auto isPdf = [&fixture] {
+        QFile file(fixture.dialogs.saved);
+        return file.open(QFile::ReadOnly) && file.readAll().trimmed().endsWith("%%EOF");
+    };
+    QVERIFY(isPdf());
+
+    // The application quits meanwhile.
+    fixture.dialogs.saved = fixture.data.filePath(u"y.pdf"_s);
+    {
+        const BulkQRExportSheet going(fixture.ui, QList<SetData>(50, numbered(u"1"_s)), u"Ibiza"_s, &window);
+        button(going, u"exportPDF"_s).click();
+    }
+    QVERIFY(QThreadPool::globalInstance()->waitForDone(30'000));
+    QCoreApplication::processEvents();
+    QVERIFY(isPdf());
 }
 
 MORVAK_TEST(TestQRScreens);

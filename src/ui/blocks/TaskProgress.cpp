@@ -57,8 +57,12 @@ void TaskProgress::setProgress(qint64 done, qint64 total)
 {
     m_bar->setRange(0, steps);
     m_bar->setValue(total > 0 ? static_cast<int>(done * steps / total) : 0);
-    if (m_giveUp->isEnabled())
-        m_count->setText(tr("%1 van %2").arg(done).arg(total));
+    if (!m_giveUp->isEnabled())
+        return;
+    const auto text = [total](qint64 count) { return tr("%1 van %2").arg(count).arg(total); };
+    // The button must not move away under the pointer while the figures grow.
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(text(total)));
+    m_count->setText(text(done));
 }
 
 void TaskProgress::giveUp()

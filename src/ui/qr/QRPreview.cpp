@@ -2,11 +2,10 @@
 
 #include "qr/QRGenerator.h"
 #include "ui/blocks/EmptyState.h"
+#include "ui/theme/Theme.h"
 
 #include <QPainter>
 #include <QStackedLayout>
-#include <QStyle>
-#include <QStyleOption>
 
 #include <cmath>
 
@@ -17,7 +16,7 @@ namespace morvak {
 /// Paints a code in the middle of itself.
 class QRPreview::Code final : public QWidget {
 public:
-    Code()
+    explicit Code(const Theme& theme) : m_theme(theme)
     {
         setObjectName(u"qrCode"_s);
         setFocusPolicy(Qt::TabFocus);
@@ -42,15 +41,18 @@ protected:
         area.moveCenter(rect().center());
         QPainter painter(this);
         painter.drawImage(area, m_image);
-        if (!hasFocus())
-            return;
-        QStyleOptionFocusRect ring;
-        ring.initFrom(this);
-        ring.rect = area;
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &ring, &painter, this);
+        // Beside the code: nothing may come into its quiet zone.
+        if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+            for (const int x : {area.left() - focusGap - focusWidth, area.right() + 1 + focusGap})
+                painter.fillRect(x, area.top(), focusWidth, side, m_theme.color(Role::accent));
+        }
     }
 
 private:
+    static constexpr int focusWidth = 2;
+    static constexpr int focusGap = 4;
+
+    const Theme& m_theme;
     QString m_text;
     QImage m_image;  // as sharp as the display needs it
 };
@@ -58,7 +60,7 @@ private:
 QRPreview::QRPreview(const Theme& theme, QWidget* parent)
     : QWidget(parent),
       m_placeholder(new EmptyState(theme, u"qrcode"_s, {})),
-      m_code(new Code),
+      m_code(new Code(theme)),
       m_layers(new QStackedLayout(this))
 {
     m_layers->addWidget(m_placeholder);
