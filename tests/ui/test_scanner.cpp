@@ -5,10 +5,9 @@
 #include "ui/scan/KeyClock.h"
 #include "ui/scan/ScanText.h"
 #include "ui/scan/ScannerBurst.h"
-#include "ui/sets/NewShootSheet.h"
 #include "ui/sets/ScanField.h"
 
-#include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -291,13 +290,21 @@ void TestScanner::scanIsNotMixedWithTypedText()
     desk.keys.pause();
     desk.keys.type(u"set:12\nbrand:nOORD"_s);
     QTRY_COMPARE(desk.watcher->currentSet()->headline(), u"Set 12 — Noord"_s);
-    QVERIFY(desk.fieldText().isEmpty());
+    QCOMPARE(desk.fieldText(), u"SET:9"_s);
+    field.clear();
+
+    // On another tab the log tells.
+    desk.window.setSelectedTab(1);
+    desk.keys.pause();
+    desk.keys.type(u"hello\n"_s);
+    QTRY_VERIFY(!desk.logLines().filter(u"bevat geen set"_s).isEmpty());
+    desk.window.setSelectedTab(0);
 
     // No scan, for it has no line and no key: words in the field, wherever the focus is.
     desk.keys.pause();
     desk.find<QPushButton>(u"newShoot"_s).setFocus();
     desk.keys.type(u"8712345"_s);
-    QTRY_COMPARE(desk.fieldText(), u"8712345"_s);
+    QTRY_COMPARE(desk.fieldText(), u"8712345"_s);  // in the place of the last scan
     QCOMPARE(desk.store.activeShoot()->activationLog.size(), 5);
 }
 
@@ -343,13 +350,19 @@ void TestScanner::keysOfOthersAreLeftAlone()
     QCOMPARE(search.text(), u"SET:7"_s);
     QVERIFY(desk.fieldText().isEmpty());
 
-    desk.find<QPushButton>(u"newShoot"_s).click();
-    auto* const sheet = desk.window.findChild<NewShootSheet*>();
-    QVERIFY(sheet && QTest::qWaitForWindowActive(sheet));
-    QTest::keyClicks(sheet->focusWidget(), u"Lente"_s);
-    QCOMPARE(qobject_cast<QLineEdit*>(sheet->focusWidget())->text(), u"Lente"_s);
-    sheet->reject();
+    // Nor what is typed into a sheet; when it closes, the scan field has the focus.
+    search.hide();
+    desk.find<QPushButton>(u"newShoot"_s).setFocus();
+    QDialog sheet(&desk.window);
+    QLineEdit name(&sheet);
+    name.setFocus();
+    sheet.open();
+    QVERIFY(QTest::qWaitForWindowActive(&sheet));
+    ScannerKeys(sheet).type(u"SET:7"_s);
+    QCOMPARE(name.text(), u"SET:7"_s);
+    sheet.reject();
     QTRY_COMPARE(desk.window.focusWidget()->objectName(), u"scanField"_s);
+    QVERIFY(desk.fieldText().isEmpty());
 }
 
 /// Half a scan may name another set.
