@@ -1,13 +1,13 @@
+#include "ScannerKeys.h"
 #include "UiFixture.h"
 #include "support/TestMain.h"
 #include "ui/main/MainView.h"
 #include "ui/scan/KeyClock.h"
 #include "ui/scan/ScanText.h"
 #include "ui/scan/ScannerBurst.h"
-#include "ui/sets/NewShootSheet.h"
 #include "ui/sets/ScanField.h"
 
-#include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -16,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace morvak;
+using morvak::test::ScannerKeys;
 using morvak::test::shownTexts;
 using morvak::test::UiFixture;
 using Kind = ScanKey::Kind;
@@ -99,7 +100,7 @@ private:
     Played m_played;
 };
 
-/// A main window with three sets, and a scanner.
+/// A main window with three sets, and what is typed into it.
 class Desk : public UiFixture {
 public:
     Desk()
@@ -109,40 +110,6 @@ public:
             store.handleScanInput(text);
         window.show();
     }
-
-    /// One key with the display server's stamp, `gap` milliseconds after the one before.
-    void press(int key, const QString& text, Qt::KeyboardModifiers held = {}, int gap = 10)
-    {
-        m_stamp += quint64(gap);
-        QWidget* const focused = window.focusWidget();
-        QKeyEvent override(QEvent::ShortcutOverride, key, held, text);
-        QCoreApplication::sendEvent(focused, &override);
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, held, text);
-            event.setTimestamp(m_stamp);
-            QSpontaneKeyEvent::setSpontaneous(&event);
-            qApp->notify(window.focusWidget(), &event);
-        }
-    }
-
-    /// Types as a scanner does; the distance of the keys comes from `gap`.
-    void scan(
-        const QString& text, const std::function<int()>& gap = [] { return 10; })
-    {
-        for (const QChar c : text) {
-            if (c == u'\n')
-                press(Qt::Key_Return, u"\r"_s, {}, gap());
-            else if (c == u'\t')
-                press(Qt::Key_Tab, u"\t"_s, {}, gap());
-            else if (c.isUpper() || c == u':') {
-                press(Qt::Key_Shift, {}, {}, gap());
-                press(c.unicode(), c, Qt::ShiftModifier, gap());
-            } else
-                press(c.toUpper().unicode(), c, {}, gap());
-        }
-    }
-
-    void pause() { m_stamp += 1000; }
 
     template <typename Widget>
     [[nodiscard]] Widget& find(const QString& name) const
@@ -167,9 +134,7 @@ public:
     }
 
     MainView window{ui};
-
-private:
-    quint64 m_stamp = 5000;
+    ScannerKeys keys{window};
 };
 
 }  // namespace
@@ -275,7 +240,7 @@ void TestScanner::everyScannerActivatesItsSet()
     const qsizetype before = desk.store.activeShoot()->activationLog.size();
     QStringList expected;
     for (int number = 0; number < 200; ++number) {
-        desk.pause();
+        desk.keys.pause();
         desk.window.setSelectedTab(random.bounded(5));
         const QWidgetList places = desk.focusPlaces();
         QWidget* const focused = places[random.bounded(int(places.size()))];
@@ -287,8 +252,8 @@ void TestScanner::everyScannerActivatesItsSet()
         const SetData card = *SetData::parse(lines.join(u'\n'));
         expected.append(card.headline() + card.description());
         const int longest = random.bounded(1, 41);
-        desk.scan(lines.join(oneOf({u"\n"_s, u"\n\n"_s, u"\t"_s})) + oneOf({{}, u"\n"_s, u"\t"_s}),
-                  [&] { return random.bounded(longest) + 1; });
+        desk.keys.type(lines.join(oneOf({u"\n"_s, u"\n\n"_s, u"\t"_s})) + oneOf({{}, u"\n"_s, u"\t"_s}),
+                       [&] { return random.bounded(longest) + 1; });
         QCOMPARE(desk.window.focusWidget(), focused);
     }
     const auto activations = [&] { return desk.store.activeShoot()->activationLog.sliced(before); };
@@ -313,25 +278,33 @@ void TestScanner::scanIsNotMixedWithTypedText()
     auto& field = desk.find<ScanField>(u"scanField"_s);
     field.setFocus();
     field.setText(u"SET:9"_s);
-    desk.scan(u"BRAND:Noord\n"_s);
+    desk.keys.type(u"BRAND:Noord\n"_s);
     QTRY_COMPARE(desk.watcher->currentSet().value_or(SetData()).headline(), u"Noord"_s);
     QCOMPARE(desk.fieldText(), u"SET:9"_s);
 
     // What is no set stays to be seen, until the next scan takes its place.
-    desk.pause();
-    desk.scan(u"MODEL:Anna\nX\n"_s);
+    desk.keys.pause();
+    desk.keys.type(u"MODEL:Anna\nX\n"_s);
     QTRY_VERIFY(!shownTexts(desk.window).filter(u"Geen set herkend"_s).isEmpty());
     QCOMPARE(desk.fieldText(), u"SET:9\nMODEL:Anna\nX"_s);
-    desk.pause();
-    desk.scan(u"set:12\nbrand:nOORD"_s);
+    desk.keys.pause();
+    desk.keys.type(u"set:12\nbrand:nOORD"_s);
     QTRY_COMPARE(desk.watcher->currentSet()->headline(), u"Set 12 — Noord"_s);
-    QVERIFY(desk.fieldText().isEmpty());
+    QCOMPARE(desk.fieldText(), u"SET:9"_s);
+    field.clear();
+
+    // On another tab the log tells.
+    desk.window.setSelectedTab(1);
+    desk.keys.pause();
+    desk.keys.type(u"hello\n"_s);
+    QTRY_VERIFY(!desk.logLines().filter(u"bevat geen set"_s).isEmpty());
+    desk.window.setSelectedTab(0);
 
     // No scan, for it has no line and no key: words in the field, wherever the focus is.
-    desk.pause();
+    desk.keys.pause();
     desk.find<QPushButton>(u"newShoot"_s).setFocus();
-    desk.scan(u"8712345"_s);
-    QTRY_COMPARE(desk.fieldText(), u"8712345"_s);
+    desk.keys.type(u"8712345"_s);
+    QTRY_COMPARE(desk.fieldText(), u"8712345"_s);  // in the place of the last scan
     QCOMPARE(desk.store.activeShoot()->activationLog.size(), 5);
 }
 
@@ -341,28 +314,28 @@ void TestScanner::handTypingIsAsBefore()
     auto& field = desk.find<ScanField>(u"scanField"_s);
     field.setFocus();
     const auto byHand = [] { return 180; };
-    desk.scan(u"SET:4"_s, byHand);
+    desk.keys.type(u"SET:4"_s, byHand);
     QCOMPARE(desk.fieldText(), u"SET:4"_s);
-    desk.press(Qt::Key_2, u"2"_s, {}, 200);
-    desk.press(Qt::Key_Return, u"\r"_s, {}, 40);
+    desk.keys.press(Qt::Key_2, u"2"_s, {}, 200);
+    desk.keys.press(Qt::Key_Return, u"\r"_s, {}, 40);
     QTRY_COMPARE(desk.watcher->currentSet().value_or(SetData()).setNumber, u"42"_s);
     QVERIFY(desk.fieldText().isEmpty());
 
     // A button is pressed, a row is found by its letters, Tab goes on.
-    desk.pause();
+    desk.keys.pause();
     auto& button = desk.find<QPushButton>(u"activateScan"_s);
     QSignalSpy clicked(&button, &QPushButton::clicked);
     button.setFocus();
-    desk.press(Qt::Key_Space, u" "_s);
+    desk.keys.press(Qt::Key_Space, u" "_s);
     QTRY_COMPARE(clicked.size(), 1);
-    desk.pause();
+    desk.keys.pause();
     auto& list = desk.find<QListView>(u"setList"_s);
     list.setFocus();
-    desk.scan(u"SE"_s);
+    desk.keys.type(u"SE"_s);
     QTRY_VERIFY(list.currentIndex().isValid());
-    desk.pause();
+    desk.keys.pause();
     button.setFocus();
-    desk.press(Qt::Key_Tab, u"\t"_s);
+    desk.keys.press(Qt::Key_Tab, u"\t"_s);
     QTRY_VERIFY(desk.window.focusWidget() != &button);
 }
 
@@ -373,29 +346,35 @@ void TestScanner::keysOfOthersAreLeftAlone()
     QLineEdit search(&desk.window);
     search.show();
     search.setFocus();
-    desk.scan(u"SET:7\n"_s);
+    desk.keys.type(u"SET:7\n"_s);
     QCOMPARE(search.text(), u"SET:7"_s);
     QVERIFY(desk.fieldText().isEmpty());
 
-    desk.find<QPushButton>(u"newShoot"_s).click();
-    auto* const sheet = desk.window.findChild<NewShootSheet*>();
-    QVERIFY(sheet && QTest::qWaitForWindowActive(sheet));
-    QTest::keyClicks(sheet->focusWidget(), u"Lente"_s);
-    QCOMPARE(qobject_cast<QLineEdit*>(sheet->focusWidget())->text(), u"Lente"_s);
-    sheet->reject();
+    // Nor what is typed into a sheet; when it closes, the scan field has the focus.
+    search.hide();
+    desk.find<QPushButton>(u"newShoot"_s).setFocus();
+    QDialog sheet(&desk.window);
+    QLineEdit name(&sheet);
+    name.setFocus();
+    sheet.open();
+    QVERIFY(QTest::qWaitForWindowActive(&sheet));
+    ScannerKeys(sheet).type(u"SET:7"_s);
+    QCOMPARE(name.text(), u"SET:7"_s);
+    sheet.reject();
     QTRY_COMPARE(desk.window.focusWidget()->objectName(), u"scanField"_s);
+    QVERIFY(desk.fieldText().isEmpty());
 }
 
 /// Half a scan may name another set.
 void TestScanner::halfAScanIsNotTaken()
 {
     Desk desk;
-    desk.scan(u"SET:7\nBRA"_s);
+    desk.keys.type(u"SET:7\nBRA"_s);
     QEvent away(QEvent::WindowDeactivate);
     QCoreApplication::sendEvent(&desk.window, &away);
     QCOMPARE(desk.fieldText(), u"SET:7\nBRA"_s);
-    desk.pause();
-    desk.scan(u"SET:8\n"_s);
+    desk.keys.pause();
+    desk.keys.type(u"SET:8\n"_s);
     QTRY_COMPARE(desk.watcher->currentSet().value_or(SetData()).setNumber, u"8"_s);
 }
 

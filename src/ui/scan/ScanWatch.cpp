@@ -84,7 +84,7 @@ QWidget* ScanWatch::target() const
 bool ScanWatch::catchesFor(const QObject* receiver) const
 {
     const QWidget* const widget = target();
-    return receiver == widget && !QApplication::activePopupWidget() && !QApplication::activeModalWidget() &&
+    return receiver == widget && !QApplication::activePopupWidget() &&
            (widget == &m_field || m_burst.isCaught() || !takesText(*widget));
 }
 

@@ -60,6 +60,10 @@ void ScanBar::takeScanned(const QString& text)
         m_field->showScan(m_field->state(), scan);
         m_field->selectAll();
         Q_EMIT notUnderstood();
+        // On another tab only the last line of the log is to be seen.
+        if (!isVisible())
+            m_services.watcher.addLog(tr("⚠️ Gescande tekst bevat geen set — overgeslagen"),
+                                      LogType::warning);
     }
 }
 

@@ -29,6 +29,8 @@ ScanField::ScanField(QWidget* parent) : QLineEdit(parent)
 
 ScanField::State ScanField::state() const
 {
+    if (!m_shown.isEmpty() && text() == m_shown)
+        return {m_beforeScan, static_cast<int>(m_beforeScan.size()), -1, 0};
     return {text(), cursorPosition(), selectionStart(), selectionLength()};
 }
 
@@ -44,8 +46,10 @@ void ScanField::showScan(const State& before, const QString& scan)
 {
     setState(before);
     insert({});
+    m_beforeScan = text();
     end(false);
-    insert(text().isEmpty() ? scan : u'\n' + scan);
+    insert(m_beforeScan.isEmpty() ? scan : u'\n' + scan);
+    m_shown = text();
 }
 
 QString ScanField::scanText() const

@@ -12,17 +12,18 @@ class ScanField final : public QLineEdit {
 public:
     explicit ScanField(QWidget* parent = nullptr);
 
-    /// What the field holds at a moment: text, the cursor in it and what is selected.
+    /// What a person has put into the field: text, the cursor in it and what is selected.
     struct State {
         QString text;
         int cursor = 0;
         int selectionStart = -1;
         int selectionLength = 0;
     };
+    /// Without the scan that is shown, as long as nobody has edited it.
     [[nodiscard]] State state() const;
     void setState(const State& state);
 
-    /// What is shown of a scan: behind what was there before, instead of what was selected.
+    /// Shows a scan behind what was there before, instead of what was selected.
     void showScan(const State& before, const QString& scan);
 
     /// The text as it was entered, line breaks as LF.
@@ -37,6 +38,9 @@ protected:
 
 private:
     void joinLines();
+
+    QString m_shown;       // with a scan
+    QString m_beforeScan;  // of it
 };
 
 }  // namespace morvak
