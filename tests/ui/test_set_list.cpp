@@ -7,7 +7,6 @@
 #include "ui/theme/Theme.h"
 
 #include <QAbstractItemModelTester>
-#include <QContextMenuEvent>
 #include <QMenu>
 #include <QRandomGenerator>
 #include <QScrollBar>
@@ -261,8 +260,7 @@ void TestSetList::contextMenuOffersTheFourActions()
 {
     Shown shown;
     shown.list.setCurrentIndex(shown.row(4));
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
-    QCoreApplication::sendEvent(shown.list.viewport(), &byKey);
+    QTest::keyClick(&shown.list, Qt::Key_F10, Qt::ShiftModifier);
     auto* const menu = shown.list.findChild<QMenu*>();
     QVERIFY(menu);
     QStringList labels;

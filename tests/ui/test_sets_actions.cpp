@@ -306,7 +306,9 @@ void TestSetsActions::existingPhotosAreTaggedAndTold()
     studio.holdReading(u"a.jpg"_s);
     studio.watcher->startWatching(studio.folder.path());
     QTRY_VERIFY(button.isEnabled());
+    button.setFocus();
     button.click();
+    QCOMPARE(studio.window->focusWidget()->objectName(), u"scanField"_s);
     QCOMPARE(button.text(), u"Bezig..."_s);
     QVERIFY(!button.isEnabled());
     QVERIFY(studio.button(u"giveUp"_s).isVisible());
@@ -379,6 +381,10 @@ void TestSetsActions::searchIsUsedByKeys()
     QCOMPARE(focused()->objectName(), u"setList"_s);
     QTest::keyClick(focused(), Qt::Key_Return);
     QCOMPARE(studio.watcher->currentSet()->setNumber, u"1"_s);
+    QVERIFY(studio.button(u"clearSearch"_s).isVisible());
+    studio.store.createShoot(u"Herfst"_s, {}, {});
+    QVERIFY(!studio.button(u"clearSearch"_s).isVisible());
+    studio.store.deleteShoot(*studio.store.activeShootId());
     // Without a shoot, a key tells what its button would.
     studio.store.deleteShoot(*studio.store.activeShootId());
     QTest::keyClick(studio.window.get(), Qt::Key_S, Qt::ControlModifier);

@@ -56,7 +56,7 @@ void BacklogBar::finish(const BacklogScanSummary& summary)
     QMetaObject::invokeMethod(this, &BacklogBar::tell, Qt::QueuedConnection);
 }
 
-/// A sheet may have closed, or the window come back.
+/// A sheet or a menu may have closed, or the window come back.
 bool BacklogBar::eventFilter(QObject* watched, QEvent* event)
 {
     if ((event->type() == QEvent::Hide || event->type() == QEvent::Show) && watched->isWidgetType())
@@ -66,7 +66,8 @@ bool BacklogBar::eventFilter(QObject* watched, QEvent* event)
 
 void BacklogBar::tell()
 {
-    if (!m_result || QApplication::activeModalWidget() || !window()->isVisible())
+    const bool isBusy = QApplication::activeModalWidget() || QApplication::activePopupWidget();
+    if (!m_result || isBusy || !window()->isVisible())
         return;
     qApp->removeEventFilter(this);
     const QString result = *std::exchange(m_result, std::nullopt);

@@ -89,6 +89,8 @@ void SetList::keyPressEvent(QKeyEvent* event)
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (isPlain && (event->key() == Qt::Key_Right || event->key() == Qt::Key_Left))
         return walk(event->key() == Qt::Key_Right ? 1 : -1);
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        return openMenuOfCurrent();
     const std::optional<SetRowAction> action = isPlain ? actionOf(event->key()) : std::nullopt;
     if (!action)
         return QListView::keyPressEvent(event);
@@ -164,8 +166,20 @@ void SetList::choose(const SetRowPlace& place)
 
 void SetList::contextMenuEvent(QContextMenuEvent* event)
 {
-    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    const QPersistentModelIndex row = byKey ? currentIndex() : indexAt(event->pos());
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        openMenuOfCurrent();
+    else
+        openMenu(indexAt(event->pos()), event->globalPos());
+}
+
+void SetList::openMenuOfCurrent()
+{
+    scrollTo(currentIndex());
+    openMenu(currentIndex(), viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+}
+
+void SetList::openMenu(const QPersistentModelIndex& row, const QPoint& globalPosition)
+{
     if (!row.isValid())
         return;
     auto* const menu = new QMenu(this);
@@ -177,7 +191,7 @@ void SetList::contextMenuEvent(QContextMenuEvent* event)
          {tr("Verwijderen"), SetRowAction::remove}}};
     for (const auto& [label, action] : entries)
         menu->addAction(label, this, [this, row, wanted = action] { ask(row, wanted); });
-    menu->popup(byKey ? viewport()->mapToGlobal(visualRect(row).center()) : event->globalPos());
+    menu->popup(globalPosition);
 }
 
 bool SetList::viewportEvent(QEvent* event)

@@ -11,7 +11,7 @@ namespace morvak {
 ///
 /// By mouse: the controls of the row, a double click that activates, a context menu. By keyboard: Return
 /// activates, F2 edits, Delete removes; Right and Left walk through the row's controls, which Return and
-/// Space then press; the menu key opens the context menu.
+/// Space then press; the menu key and Shift+F10 open the context menu.
 class SetList final : public QListView {
     Q_OBJECT
 
@@ -43,6 +43,8 @@ private:
     void walk(int step);
     void hover(const SetRowPlace& place);
     void choose(const SetRowPlace& place);
+    void openMenuOfCurrent();
+    void openMenu(const QPersistentModelIndex& row, const QPoint& globalPosition);
     void ask(const QModelIndex& row, SetRowAction action);
     [[nodiscard]] QString toolTipAt(const QPoint& position) const;
 

@@ -5,6 +5,8 @@
 
 #include <QPushButton>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace morvak {
@@ -27,7 +29,8 @@ QAbstractButton* SetsButtons::make(SetsAction action, const QString& objectName)
 
 void SetsButtons::setFacts(const SetsFacts& facts)
 {
-    m_facts = facts;
+    if (std::exchange(m_facts, facts) == facts)
+        return;
     for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
         show(it.key(), **it);
 }

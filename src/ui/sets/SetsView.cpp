@@ -101,7 +101,7 @@ void SetsView::addFields(QBoxLayout& column)
     m_fields->addWidget(m_scan, 3);
     m_fields->addWidget(m_search, 2);
     auto* const group = new QVBoxLayout;
-    group->setSpacing(metrics::inGroup / 2);
+    group->setSpacing(metrics::inGroup / 4);
     group->addLayout(m_fields);
     group->addWidget(m_notice);
     column.addLayout(group);
@@ -161,7 +161,6 @@ void SetsView::followStore()
 {
     const ShootManager& shoots = m_services.shoots;
     const FolderWatcher& watcher = m_services.watcher;
-    connect(&shoots, &ShootManager::activeShootIdChanged, m_search, &SearchField::clear);
     for (const auto changed : {&ShootManager::shootsChanged, &ShootManager::activeShootIdChanged,
                                &ShootManager::activeSetIdChanged})
         connect(&shoots, changed, this, &SetsView::showShoot);
@@ -176,6 +175,11 @@ void SetsView::followStore()
 void SetsView::showShoot()
 {
     const std::optional<Shoot> shoot = m_services.shoots.activeShoot();
+    const std::optional<QUuid> id = shoot ? std::optional(shoot->id) : std::nullopt;
+    if (std::exchange(m_shownShoot, id) != id) {
+        m_search->clear();
+        m_list->scrollToTop();
+    }
     m_model->setSets(shoot ? shoot->sets : QList<SetData>(), m_services.shoots.activeSetId());
     m_setBar->showShoot(shoot);
     showContent();
@@ -303,6 +307,7 @@ void SetsView::processExisting()
 {
     if (!m_backlog->start())
         tell({tr("De watch folder van deze shoot kan niet gelezen worden."), Role::warning});
+    focusScanField();  // not "Stop", which comes next
 }
 
 void SetsView::takeDrop(const QStringList& csvFiles)

@@ -5,6 +5,8 @@
 #include <QUuid>
 #include <QWidget>
 
+#include <optional>
+
 class QBoxLayout;
 
 namespace morvak {
@@ -85,6 +87,7 @@ private:
     EmptyState* m_noShoot = nullptr;
     EmptyState* m_noSets = nullptr;
     EmptyState* m_nothingFound = nullptr;
+    std::optional<QUuid> m_shownShoot;
     bool m_wasShown = false;
 };
 
