@@ -37,8 +37,6 @@ constexpr QSize preferred(1000, 700);
 MainView::MainView(UiServices& services, QWidget* parent)
     : QWidget(parent),
       m_services(services),
-      m_switch(new SegmentedSwitch(
-          tr("Tabbladen"), {tr("Sets"), tr("Watch Folder"), tr("Hernoemen"), tr("Log"), tr("Handleiding")})),
       m_content(new QStackedWidget),
       m_sets(new SetsView(services)),
       m_banner(new SetActivatedBanner(services.theme, m_content))
@@ -48,7 +46,7 @@ MainView::MainView(UiServices& services, QWidget* parent)
     setMinimumSize(smallest);
     resize(preferred);
     setAcceptDrops(true);
-    m_switch->setObjectName(QStringLiteral("tabSwitch"));
+    makeTabs();
 
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(metrics::windowMargin, metrics::windowMargin, metrics::windowMargin,
@@ -60,14 +58,15 @@ MainView::MainView(UiServices& services, QWidget* parent)
     column->addWidget(m_switch);
     column->addSpacing(metrics::inGroup);
     column->addWidget(m_content, 1);
-    makeTabs();
     makeShortcuts();
-    auto* const scans = new ScanWatch(*this, m_sets->scanBar().field(), this);
-    connect(scans, &ScanWatch::scanned, &m_sets->scanBar(), &ScanBar::takeScanned);
+    m_scans = std::make_unique<ScanWatch>(*this, m_sets->scanBar().field());
+    connect(m_scans.get(), &ScanWatch::scanned, &m_sets->scanBar(), &ScanBar::takeScanned);
 
     connect(&services.watcher, &FolderWatcher::justActivatedHeadlineChanged, this, &MainView::showBanner);
     showBanner();
 }
+
+MainView::~MainView() = default;
 
 void MainView::makeTabs()
 {
@@ -75,11 +74,19 @@ void MainView::makeTabs()
     connect(dashboard, &DashboardTab::newShootAsked, m_sets,
             [this] { m_sets->perform(SetsAction::newShoot); });
     connect(m_sets, &SetsView::qrGeneratorAsked, this, &MainView::qrGeneratorAsked);
-    m_content->addWidget(m_sets);
-    m_content->addWidget(dashboard);
-    m_content->addWidget(new RenameView(m_services));
-    m_content->addWidget(new LogTab(m_services));
-    m_content->addWidget(new ManualView(m_services.theme));
+
+    const std::pair<QString, QWidget*> tabs[]{{tr("Sets"), m_sets},
+                                              {tr("Watch Folder"), dashboard},
+                                              {tr("Hernoemen"), new RenameView(m_services)},
+                                              {tr("Log"), new LogTab(m_services)},
+                                              {tr("Handleiding"), new ManualView(m_services.theme)}};
+    QStringList titles;
+    for (const auto& [title, tab] : tabs) {
+        titles.append(title);
+        m_content->addWidget(tab);
+    }
+    m_switch = new SegmentedSwitch(tr("Tabbladen"), titles);
+    m_switch->setObjectName(QStringLiteral("tabSwitch"));
     connect(m_switch, &SegmentedSwitch::currentIndexChanged, this, &MainView::showTab);
 }
 

@@ -2,11 +2,14 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class QStackedWidget;
 
 namespace morvak {
 
 struct UiServices;
+class ScanWatch;
 class SegmentedSwitch;
 class SetActivatedBanner;
 class SetsView;
@@ -19,6 +22,7 @@ class MainView final : public QWidget {
 
 public:
     explicit MainView(UiServices& services, QWidget* parent = nullptr);
+    ~MainView() override;
 
     /// 0 "Sets", 1 "Watch Folder", 2 "Hernoemen", 3 "Log", 4 "Handleiding".
     [[nodiscard]] int selectedTab() const;
@@ -51,10 +55,11 @@ private:
     void showBanner();
 
     UiServices& m_services;
-    SegmentedSwitch* m_switch;
+    SegmentedSwitch* m_switch = nullptr;
     QStackedWidget* m_content;
     SetsView* m_sets;
     SetActivatedBanner* m_banner;
+    std::unique_ptr<ScanWatch> m_scans;  // goes before the window that it watches
     bool m_wasShown = false;
 };
 
