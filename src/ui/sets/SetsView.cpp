@@ -4,18 +4,15 @@
 #include "store/ShootManager.h"
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
-#include "ui/blocks/EmptyState.h"
 #include "ui/blocks/NoticeLine.h"
 #include "ui/sets/BacklogBar.h"
 #include "ui/sets/ScanBar.h"
 #include "ui/sets/SearchField.h"
 #include "ui/sets/SetBar.h"
 #include "ui/sets/SetEdits.h"
-#include "ui/sets/SetFilter.h"
-#include "ui/sets/SetList.h"
-#include "ui/sets/SetListModel.h"
-#include "ui/sets/SetTexts.h"
+#include "ui/sets/SetRow.h"
 #include "ui/sets/SetsButtons.h"
+#include "ui/sets/SetsContent.h"
 #include "ui/sets/SetsSheets.h"
 #include "ui/sets/ShootBar.h"
 #include "ui/sets/ShootExport.h"
@@ -24,7 +21,6 @@
 #include "watch/FolderWatcher.h"
 
 #include <QDragEnterEvent>
-#include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -52,18 +48,15 @@ SetsView::SetsView(UiServices& services, QWidget* parent)
       m_scan(new ScanBar(services)),
       m_search(new SearchField(services.theme)),
       m_notice(new NoticeLine),
-      m_model(new SetListModel(this)),
-      m_filter(new SetFilter(this)),
-      m_list(new SetList(services.theme))
+      m_content(new SetsContent(services.theme))
 {
     setObjectName(u"setsView"_s);
     setAcceptDrops(true);
-    m_filter->setSourceModel(m_model);
     QBoxLayout& column = *makeColumn();
     column.addWidget(new ShootBar(services.shoots, *m_buttons, m_backlog));
     column.addWidget(m_setBar);
     addFields(column);
-    addList(column);
+    column.addWidget(m_content, 1);
     followUser();
     followStore();
     showShoot();
@@ -108,44 +101,18 @@ void SetsView::addFields(QBoxLayout& column)
     column.addSpacing(-metrics::inGroup / 2);
 }
 
-void SetsView::addList(QBoxLayout& column)
-{
-    const Theme& theme = m_services.theme;
-    m_noShoot = new EmptyState(
-        theme, u"camera.fill"_s, tr("Maak een shoot aan om te beginnen"),
-        tr("Zonder shoot worden set-kaarten niet herkend, en onthoudt Morvak geen map en geen sets."));
-    QPushButton* const firstShoot = m_noShoot->addButton(tr("Nieuwe Shoot"));
-    firstShoot->setObjectName(u"firstShoot"_s);
-    connect(firstShoot, &QPushButton::clicked, this, [this] { perform(SetsAction::newShoot); });
-
-    m_noSets = new EmptyState(
-        theme, u"qrcode"_s, tr("Nog geen sets in deze shoot"),
-        tr("Scan of fotografeer een set-kaart, of plak de setdata hierboven: de set komt er vanzelf bij."));
-    QPushButton* const firstSet = m_noSets->addButton(tr("+ Set"));
-    firstSet->setObjectName(u"firstSet"_s);
-    connect(firstSet, &QPushButton::clicked, this, [this] { perform(SetsAction::newSet); });
-
-    m_nothingFound = new EmptyState(theme, u"magnifyingglass"_s, tr("Geen set gevonden"));
-    QPushButton* const clear = m_nothingFound->addButton(tr("Toon alle sets"));
-    clear->setObjectName(u"showAllSets"_s);
-    connect(clear, &QPushButton::clicked, this, [this] {
-        m_search->clear();
-        focusScanField();
-    });
-
-    m_list->setObjectName(u"setList"_s);
-    m_list->setModel(m_filter);
-    for (QWidget* const content : {static_cast<QWidget*>(m_noShoot), static_cast<QWidget*>(m_noSets),
-                                   static_cast<QWidget*>(m_nothingFound), static_cast<QWidget*>(m_list)})
-        column.addWidget(content, 1);
-}
-
 void SetsView::followUser()
 {
     connect(m_buttons, &SetsButtons::asked, this, &SetsView::perform);
-    connect(m_list, &SetList::asked, this, &SetsView::performOnSet);
-    connect(m_search, &SearchField::textChanged, this, &SetsView::showSearch);
-    connect(m_search, &SearchField::resultsAsked, this, &SetsView::showResults);
+    connect(m_content, &SetsContent::asked, this, &SetsView::performOnSet);
+    connect(m_content, &SetsContent::newShootAsked, this, [this] { perform(SetsAction::newShoot); });
+    connect(m_content, &SetsContent::newSetAsked, this, [this] { perform(SetsAction::newSet); });
+    connect(m_content, &SetsContent::allSetsAsked, this, [this] {
+        m_search->clear();
+        focusScanField();
+    });
+    connect(m_search, &SearchField::textChanged, m_content, &SetsContent::setSearch);
+    connect(m_search, &SearchField::resultsAsked, m_content, &SetsContent::focusList);
     connect(m_search, &SearchField::left, this, &SetsView::focusScanField);
     connect(m_sheets, &SetsSheets::closed, this, &SetsView::focusScanField);
     connect(m_sheets, &SetsSheets::told, this, &SetsView::tell);
@@ -176,25 +143,11 @@ void SetsView::showShoot()
 {
     const std::optional<Shoot> shoot = m_services.shoots.activeShoot();
     const std::optional<QUuid> id = shoot ? std::optional(shoot->id) : std::nullopt;
-    if (std::exchange(m_shownShoot, id) != id) {
+    if (std::exchange(m_shownShoot, id) != id)
         m_search->clear();
-        m_list->scrollToTop();
-    }
-    m_model->setSets(shoot ? shoot->sets : QList<SetData>(), m_services.shoots.activeSetId());
+    m_content->showShoot(shoot, m_services.shoots.activeSetId());
     m_setBar->showShoot(shoot);
-    showContent();
     showFacts();
-}
-
-void SetsView::showContent()
-{
-    const bool hasShoot = m_services.shoots.activeShoot().has_value();
-    const bool hasSets = m_model->rowCount() > 0;
-    const bool hasFound = m_filter->rowCount() > 0;
-    m_noShoot->setVisible(!hasShoot);
-    m_noSets->setVisible(hasShoot && !hasSets);
-    m_nothingFound->setVisible(hasSets && !hasFound);
-    m_list->setVisible(hasFound);
 }
 
 void SetsView::showFacts()
@@ -208,30 +161,11 @@ void SetsView::showFacts()
                          .isProcessing = m_backlog->isRunning()});
 }
 
-void SetsView::showSearch(const QString& text)
-{
-    m_list->scrollToTop();
-    m_filter->setSearch(SetSearch(text));
-    showContent();
-    if (m_list->currentIndex().isValid())
-        m_list->scrollTo(m_list->currentIndex());
-}
-
-void SetsView::showResults()
-{
-    if (m_filter->rowCount() == 0)
-        return;
-    if (!m_list->currentIndex().isValid())
-        m_list->setCurrentIndex(m_filter->index(0, 0));
-    m_list->setFocus(Qt::ShortcutFocusReason);
-}
-
 void SetsView::reveal(QUuid setId)
 {
-    const QModelIndex set = m_model->indexOf(setId);
-    if (!m_filter->mapFromSource(set).isValid())
+    if (!m_content->shows(setId))
         m_search->clear();
-    m_list->setCurrentIndex(m_filter->mapFromSource(set));
+    m_content->select(setId);
 }
 
 void SetsView::tell(const Notice& notice)

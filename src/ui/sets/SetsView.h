@@ -12,15 +12,12 @@ class QBoxLayout;
 namespace morvak {
 
 class BacklogBar;
-class EmptyState;
 class NoticeLine;
 class ScanBar;
 class SearchField;
 class SetBar;
-class SetFilter;
-class SetList;
-class SetListModel;
 class SetsButtons;
+class SetsContent;
 class SetsSheets;
 enum class ShootExport;
 enum class SetRowAction;
@@ -54,15 +51,11 @@ protected:
 private:
     QBoxLayout* makeColumn();
     void addFields(QBoxLayout& column);
-    void addList(QBoxLayout& column);
     void followStore();
     void followUser();
 
     void showShoot();
-    void showContent();
     void showFacts();
-    void showSearch(const QString& text);
-    void showResults();
     void reveal(QUuid setId);
     void tell(const Notice& notice);
 
@@ -81,12 +74,7 @@ private:
     SearchField* m_search;
     NoticeLine* m_notice;
     QBoxLayout* m_fields = nullptr;
-    SetListModel* m_model;
-    SetFilter* m_filter;
-    SetList* m_list;
-    EmptyState* m_noShoot = nullptr;
-    EmptyState* m_noSets = nullptr;
-    EmptyState* m_nothingFound = nullptr;
+    SetsContent* m_content;
     std::optional<QUuid> m_shownShoot;
     bool m_wasShown = false;
 };
