@@ -23,6 +23,12 @@ void addFormField(QVBoxLayout& content, const QString& label, QWidget* field)
     content.addLayout(group);
 }
 
+void setFieldText(QLineEdit& field, const QString& text)
+{
+    field.setText(text);
+    field.setCursorPosition(0);
+}
+
 QString enteredText(const QLineEdit& field)
 {
     const QString text = field.text();

@@ -12,6 +12,9 @@ namespace morvak {
 /// Appends a field under its label, which is its accessible name.
 void addFormField(QVBoxLayout& content, const QString& label, QWidget* field);
 
+/// Fills a field so that the beginning of a long text is what is seen of it.
+void setFieldText(QLineEdit& field, const QString& text);
+
 /// What was entered into a field, with a blank for the line breaks that were pasted with it: a set's card and
 /// the spreadsheets have no room for them.
 [[nodiscard]] QString enteredText(const QLineEdit& field);

@@ -24,8 +24,13 @@ namespace morvak {
 
 namespace {
 
-constexpr int editorHeight = 160;
 constexpr int widestFileName = 280;
+
+/// By its name: a widget would lose the font of the system itself.
+QFont monospaced()
+{
+    return styledFont(QFont(QFontDatabase::systemFont(QFontDatabase::FixedFont).family()), TextStyle::body);
+}
 
 QString droppedFile(const QDropEvent& event)
 {
@@ -60,14 +65,12 @@ ImportPane::ImportPane(Dialogs& dialogs, const Texts& texts, QWidget* parent)
 {
     m_editor->setObjectName(u"csvText"_s);
     m_editor->setAccessibleName(tr("CSV-tekst"));
-    m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_editor->setFont(monospaced());
     m_editor->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_editor->setTabChangesFocus(true);
-    m_editor->setMinimumHeight(editorHeight);
     m_editor->viewport()->installEventFilter(this);
     m_result->setObjectName(u"importResult"_s);
     QLabel* const example = makeText(texts.example, TextStyle::caption, Role::secondary, true);
-    example->setFont(m_editor->font());
     example->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QPushButton* const choose = makeButton(tr("Kies bestand..."));
     choose->setObjectName(u"chooseImportFile"_s);
@@ -97,6 +100,11 @@ QString ImportPane::text() const
 bool ImportPane::isEmpty() const
 {
     return m_editor->document()->isEmpty();
+}
+
+QWidget* ImportPane::editor() const
+{
+    return m_editor;
 }
 
 void ImportPane::setText(const QString& text)

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] QString text() const;
     [[nodiscard]] bool isEmpty() const;
     void setText(const QString& text);
+    /// May be given another height.
+    [[nodiscard]] QWidget* editor() const;
 
     /// Replaces the text by that of the file; where the file holds none, tells so and leaves the text alone.
     void takeFile(const QString& path);

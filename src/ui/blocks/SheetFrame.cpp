@@ -61,7 +61,7 @@ SheetFrame::SheetFrame(const QString& title, QWidget* window)
     m_sideButtons->setSpacing(metrics::inGroup);
     m_mainButtons->setSpacing(metrics::inGroup);
     buttons->addLayout(m_sideButtons);
-    buttons->addStretch(1);
+    buttons->addStretch();
     buttons->addLayout(m_mainButtons);
 
     auto* const column = new QVBoxLayout(this);
@@ -105,6 +105,11 @@ QPushButton* SheetFrame::addSideButton(const QString& label, ButtonKind kind)
     QPushButton* const button = makeButton(label, kind);
     m_sideButtons->addWidget(button);
     return button;
+}
+
+void SheetFrame::addSideWidget(QWidget* widget)
+{
+    m_sideButtons->addWidget(widget);
 }
 
 QPushButton* SheetFrame::addHeadingButton(const QString& label)
@@ -194,9 +199,13 @@ void SheetFrame::fitToWindow()
 
 void SheetFrame::revealFocus()
 {
-    QWidget* const focused = focusWidget();
-    if (focused && m_scroll->widget()->isAncestorOf(focused))
-        m_scroll->ensureWidgetVisible(focused, 0, metrics::inGroup);
+    const QWidget* const focused = focusWidget();
+    const QWidget* const inside = m_scroll->widget();
+    if (!focused || !inside->isAncestorOf(focused))
+        return;
+    const QPoint centre = focused->mapTo(inside, focused->rect().center());
+    const int half = std::min(focused->height() / 2 + metrics::inGroup, m_scroll->viewport()->height() / 2);
+    m_scroll->ensureVisible(centre.x(), centre.y(), 0, half);
 }
 
 void SheetFrame::focusFirstField()

@@ -33,6 +33,9 @@ public:
     /// At the left end of the row; does nothing by itself.
     QPushButton* addSideButton(const QString& label, ButtonKind kind = ButtonKind::normal);
 
+    /// At the left end of the row, in the room that the buttons leave.
+    void addSideWidget(QWidget* widget);
+
     /// Beside the title; does nothing by itself. Comes behind the row of buttons for Tab, and so before the
     /// content, when it is added last.
     QPushButton* addHeadingButton(const QString& label);

@@ -13,6 +13,8 @@ namespace morvak {
 namespace {
 
 constexpr int sheetWidth = 560;
+constexpr int shortestText = 80;
+constexpr int tallestText = 240;
 
 }  // namespace
 
@@ -33,6 +35,7 @@ CatalogImportSheet::CatalogImportSheet(UiServices& services, const QString& defa
     setObjectName(QStringLiteral("catalogImportSheet"));
     setContentWidth(sheetWidth);
     content()->addWidget(m_pane);
+    setGivingWay(m_pane->editor(), shortestText, tallestText);
     setCancelButton(tr("Annuleer"));
     m_import = setPrimaryButton(tr("Importeer"));
     connect(m_pane, &ImportPane::textChanged, this, &CatalogImportSheet::showWhetherUsable);

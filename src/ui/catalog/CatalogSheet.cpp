@@ -72,6 +72,8 @@ CatalogSheet::CatalogSheet(UiServices& services, const QString& defaultBrand, QW
     addBrandRow();
     addProductList();
     addNewProductRow();
+    m_notice->setObjectName(u"catalogNotice"_s);
+    addSideWidget(m_notice);
     setPrimaryButton(tr("Sluiten"));
     addExchangeButtons();
 
@@ -150,7 +152,6 @@ void CatalogSheet::addNewProductRow()
     m_newName->setObjectName(u"newName"_s);
     m_newColors = new EntryField(tr("Kleuren, komma-gescheiden (optioneel)"), add);
     m_newColors->setObjectName(u"newColors"_s);
-    m_notice->setObjectName(u"catalogNotice"_s);
     enableWhileFilled(*add, *m_newName, tr("Typ eerst de naam van het product"));
     connect(add, &QPushButton::clicked, this, &CatalogSheet::addProduct);
 
@@ -162,7 +163,6 @@ void CatalogSheet::addNewProductRow()
     row->addWidget(m_newName, 3);
     row->addWidget(m_newColors, 4);
     row->addWidget(add);
-    section->addWidget(m_notice);
 }
 
 void CatalogSheet::addExchangeButtons()

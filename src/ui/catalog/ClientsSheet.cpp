@@ -39,6 +39,8 @@ ClientsSheet::ClientsSheet(UiServices& services, const QStringList& knownClients
                  TextStyle::body, Role::secondary, true));
     addNewClientRow();
     addList(services.theme);
+    m_notice->setObjectName(u"clientsNotice"_s);
+    addSideWidget(m_notice);
     setPrimaryButton(tr("Sluiten"));
     connect(&m_catalog, &ProductCatalog::clientsChanged, this, &ClientsSheet::showClients);
     showClients();
@@ -73,15 +75,9 @@ void ClientsSheet::addList(const Theme& theme)
     m_clients->setObjectName(u"clients"_s);
     m_clients->setAccessibleName(tr("Klanten"));
     m_clients->setEmptyText(tr("Nog geen klanten. Voeg er hierboven een toe."));
-    m_notice->setObjectName(u"clientsNotice"_s);
+    content()->addWidget(m_clients);
     setGivingWay(m_clients, shortestList, tallestList);
     connect(m_clients, &RowList::asked, this, [this](int, const QString& name) { deleteClient(name); });
-
-    auto* const group = new QVBoxLayout;
-    group->setSpacing(metrics::inGroup);
-    group->addWidget(m_clients);
-    group->addWidget(m_notice);
-    content()->addLayout(group);
 }
 
 void ClientsSheet::showClients()

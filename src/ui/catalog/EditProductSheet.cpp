@@ -14,13 +14,15 @@ namespace morvak {
 EditProductSheet::EditProductSheet(const Product& product, const QStringList& brandNames, QWidget* window)
     : SheetFrame(tr("Product bewerken"), window),
       m_id(product.id),
-      m_name(new QLineEdit(product.name)),
-      m_colors(new QLineEdit(textOfColors(product.colors))),
+      m_name(new QLineEdit),
+      m_colors(new QLineEdit),
       m_brand(new ChoiceBox)
 {
     setObjectName(u"editProductSheet"_s);
     m_name->setObjectName(u"productName"_s);
     m_colors->setObjectName(u"productColors"_s);
+    setFieldText(*m_name, product.name);
+    setFieldText(*m_colors, textOfColors(product.colors));
     m_brand->setObjectName(u"productBrand"_s);
     m_brand->setAccessibleName(tr("Merk"));
     m_brand->setChoices(QList<ChoiceBox::Choice>{{tr("Algemeen (alle merken)"), QString()}} +

@@ -43,12 +43,13 @@ int nextCurrentRow(const QList<ListedRow>& before, int current, const QList<List
         const auto found = std::ranges::find_if(after, isIt, &ListedRow::key);
         return found == after.cend() ? -1 : static_cast<int>(found - after.cbegin());
     };
-    if (after.size() == before.size() + 1) {
-        QSet<QString> known;
-        for (const ListedRow& row : before)
-            known.insert(row.key);
-        return rowOf([&known](const QString& key) { return !known.contains(key); });
-    }
+    QSet<QString> known;
+    for (const ListedRow& row : before)
+        known.insert(row.key);
+    const auto isNew = [&known](const QString& key) { return !known.contains(key); };
+    if (!before.isEmpty() && after.size() == before.size() + 1 &&
+        std::ranges::count_if(after, isNew, &ListedRow::key) == 1)
+        return rowOf(isNew);
     if (current < 0)
         return -1;
     const int kept = rowOf([&](const QString& key) { return key == before[current].key; });

@@ -30,12 +30,20 @@ QAction* addEntry(QMenu& menu, const QString& name)
     return entry;
 }
 
+/// Long menus scroll, instead of filling the screen with columns.
+void prepare(QMenu& menu)
+{
+    menu.setToolTipsVisible(true);
+    menu.ensurePolished();  // or the menu does not see its own style sheet
+    menu.setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));
+}
+
 /// `show` makes the entries when the submenu is opened for the first time.
 template <typename Show>
 void addSubmenu(QMenu& menu, const QString& name, const Show& show)
 {
     auto* const submenu = new QMenu(&menu);
-    submenu->setToolTipsVisible(true);
+    prepare(*submenu);
     addLabel(*submenu->menuAction(), name, menu.fontMetrics());
     menu.addMenu(submenu);
     QObject::connect(submenu, &QMenu::aboutToShow, submenu, [submenu, show] {
@@ -49,8 +57,7 @@ void addSubmenu(QMenu& menu, const QString& name, const Show& show)
 CatalogPickerMenu::CatalogPickerMenu(const ProductCatalog& catalog, const QString& client, QWidget* parent)
     : QMenu(parent), m_catalog(catalog), m_client(client)
 {
-    setToolTipsVisible(true);
-    setStyleSheet(QStringLiteral("QMenu { menu-scrollable: 1; }"));  // instead of columns over the screen
+    prepare(*this);
     connect(this, &QMenu::aboutToShow, this, &CatalogPickerMenu::showBrands);
 }
 

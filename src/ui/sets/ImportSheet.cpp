@@ -12,6 +12,8 @@ namespace morvak {
 namespace {
 
 constexpr int sheetWidth = 560;
+constexpr int shortestText = 80;
+constexpr int tallestText = 240;
 
 }  // namespace
 
@@ -29,6 +31,7 @@ ImportSheet::ImportSheet(UiServices& services, QUuid shootId, QWidget* window, c
     setObjectName(QStringLiteral("importSheet"));
     setContentWidth(sheetWidth);
     content()->addWidget(m_pane);
+    setGivingWay(m_pane->editor(), shortestText, tallestText);
     setCancelButton(tr("Annuleer"));
     m_import = setPrimaryButton(tr("Importeer"));
     connect(m_pane, &ImportPane::textChanged, this, [this] {

@@ -67,8 +67,8 @@ void ItemRows::append(const SetItem& item)
     if (m_rows.isEmpty() || !m_rows.constLast().name->text().isEmpty() ||
         !m_rows.constLast().color->text().isEmpty())
         appendEmptyRow();
-    m_rows.constLast().name->setText(item.name);
-    m_rows.constLast().color->setText(item.color);
+    setFieldText(*m_rows.constLast().name, item.name);
+    setFieldText(*m_rows.constLast().color, item.color);
 }
 
 void ItemRows::appendEmptyRow()

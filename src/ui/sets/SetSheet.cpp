@@ -113,11 +113,11 @@ SetFields SetSheet::fields() const
 
 void SetSheet::fill(const SetFields& fields)
 {
-    m_number->setText(fields.setNumber);
-    m_brand->setText(fields.brand);
-    m_model->setText(fields.model);
-    m_location->setText(fields.location);
-    m_email->setText(fields.email);
+    setFieldText(*m_number, fields.setNumber);
+    setFieldText(*m_brand, fields.brand);
+    setFieldText(*m_model, fields.model);
+    setFieldText(*m_location, fields.location);
+    setFieldText(*m_email, fields.email);
     m_items->setItems(fields.items);
 }
 
