@@ -97,6 +97,7 @@ private Q_SLOTS:
     void resultWaitsForTheSheet();
     void droppedCsvIsImported();
     void searchIsUsedByKeys();
+    void tabWalksInReadingOrder();
 };
 
 void TestSetsActions::reasonsAgainst_data()
@@ -394,6 +395,23 @@ void TestSetsActions::searchIsUsedByKeys()
     QSignalSpy qrGenerator(studio.window.get(), &MainView::qrGeneratorAsked);
     studio.button(u"qrGenerator"_s).click();
     QCOMPARE(qrGenerator.size(), 1);
+}
+
+void TestSetsActions::tabWalksInReadingOrder()
+{
+    Studio studio;
+    QStringList walked;
+    studio.window->findChild<QWidget*>(u"shootPicker"_s)->setFocus();
+    while (walked.size() < 40 && (walked.isEmpty() || walked.constLast() != u"setList"_s)) {
+        walked.append(QApplication::focusWidget()->objectName());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    const QStringList order{u"shootPicker"_s,   u"newShoot"_s,  u"deleteShoot"_s,  u"clients"_s,
+                            u"importCsv"_s,     u"exportCsv"_s, u"exportJson"_s,   u"qrGenerator"_s,
+                            u"bulkExport"_s,    u"catalog"_s,   u"newSet"_s,       u"openShootFile"_s,
+                            u"saveShootFile"_s, u"scanField"_s, u"activateScan"_s, u"searchField"_s,
+                            u"setList"_s};
+    QCOMPARE(walked, order);
 }
 
 MORVAK_TEST(TestSetsActions);

@@ -30,20 +30,21 @@ SetsContent::SetsContent(const Theme& theme, QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     for (QWidget* const state : std::initializer_list<QWidget*>{m_noShoot, m_noSets, m_nothingFound, m_list})
         column->addWidget(state);
+    setLow(false);
     showState();
 }
 
 void SetsContent::addStates(const Theme& theme)
 {
-    m_noShoot = new EmptyState(
-        theme, u"camera.fill"_s, tr("Maak een shoot aan om te beginnen"),
+    m_noShoot = new EmptyState(theme, u"camera.fill"_s, tr("Maak een shoot aan om te beginnen"));
+    m_noShoot->setToolTip(
         tr("Zonder shoot worden set-kaarten niet herkend, en onthoudt Morvak geen map en geen sets."));
     QPushButton* const firstShoot = m_noShoot->addButton(tr("Nieuwe Shoot"));
     firstShoot->setObjectName(u"firstShoot"_s);
     connect(firstShoot, &QPushButton::clicked, this, &SetsContent::newShootAsked);
 
-    m_noSets = new EmptyState(
-        theme, u"qrcode"_s, tr("Nog geen sets in deze shoot"),
+    m_noSets = new EmptyState(theme, u"qrcode"_s, tr("Nog geen sets in deze shoot"));
+    m_noSets->setToolTip(
         tr("Scan of fotografeer een set-kaart, of plak de setdata hierboven: de set komt er vanzelf bij."));
     QPushButton* const firstSet = m_noSets->addButton(tr("+ Set"));
     firstSet->setObjectName(u"firstSet"_s);
@@ -81,6 +82,16 @@ bool SetsContent::shows(QUuid setId) const
 void SetsContent::select(QUuid setId)
 {
     m_list->setCurrentIndex(m_filter->mapFromSource(m_model->indexOf(setId)));
+}
+
+void SetsContent::setLow(bool isLow)
+{
+    for (EmptyState* const state : {m_noShoot, m_noSets, m_nothingFound}) {
+        state->layout()->setContentsMargins({});
+        state->setHint(isLow ? QString() : state->toolTip());
+        for (QPushButton* const button : state->findChildren<QPushButton*>())
+            button->setVisible(!isLow);
+    }
 }
 
 void SetsContent::focusList()

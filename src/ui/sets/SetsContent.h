@@ -29,6 +29,9 @@ public:
     /// Whether the search finds the set.
     [[nodiscard]] bool shows(QUuid setId) const;
     void select(QUuid setId);
+    /// With little height, an empty shoot leaves its advice to the tooltip, and its buttons to the bars
+    /// above.
+    void setLow(bool isLow);
     /// Gives the list the focus, on the selected set or the first.
     void focusList();
 

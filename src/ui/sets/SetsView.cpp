@@ -33,7 +33,7 @@ namespace morvak {
 namespace {
 
 constexpr int widestContent = 1200;
-/// Below this height the fields stand side by side, so that there is room for the list.
+/// Below this height the fields stand side by side and the rest is brief, so that there is room for the list.
 constexpr int lowTab = 420;
 
 }  // namespace
@@ -275,7 +275,9 @@ void SetsView::showEvent(QShowEvent* event)
 void SetsView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_fields->setDirection(height() < lowTab ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const bool isLow = height() < lowTab;
+    m_fields->setDirection(isLow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    m_content->setLow(isLow);
 }
 
 /// Shoot files are taken wherever they are dropped on the window.
