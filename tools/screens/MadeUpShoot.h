@@ -1,12 +1,27 @@
 #pragma once
 
+#include "model/SetData.h"
+
+class QString;
+
 namespace morvak {
 
-class FolderWatcher;
-class ShootManager;
+struct UiServices;
 
-/// Fills a store and a watcher as a working day leaves them: a shoot of this many sets, an active one, photos
-/// tagged and one that failed. None at all for 0. Main thread; the log follows with the event loop.
-void fillIn(ShootManager& shoots, FolderWatcher& watcher, int sets);
+/// How much there is to show.
+enum class Amount {
+    nothing,
+    usual,
+    overfull,  ///< 2,000 sets, 500 products, names of 200 characters, a set of 60 items
+};
+
+[[nodiscard]] QString nameOf(Amount amount);
+
+/// Fills store, catalog and watcher as a working day leaves them: a shoot, an active set, photos tagged and
+/// one that failed. Main thread; the log follows with the event loop.
+void fillIn(const UiServices& services, Amount amount);
+
+/// The first set of the active shoot, or one that nobody has filled in.
+[[nodiscard]] SetData setToShow(const UiServices& services);
 
 }  // namespace morvak

@@ -1,14 +1,24 @@
 // Every screen as an image, for looking at: `morvak-screens FOLDER`, with QT_SCALE_FACTOR=2 for a dense
-// display.
+// display. Tabs in three sizes; each sheet over the smallest window and over the usual one.
 
 #include "MadeUpShoot.h"
 #include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
 #include "ui/DesktopDialogs.h"
 #include "ui/UiServices.h"
+#include "ui/catalog/CatalogImportSheet.h"
+#include "ui/catalog/CatalogSheet.h"
+#include "ui/catalog/ClientsSheet.h"
+#include "ui/catalog/EditProductSheet.h"
 #include "ui/main/MainView.h"
 #include "ui/main/MenuBarView.h"
+#include "ui/qr/BulkQRExportSheet.h"
+#include "ui/qr/QRGeneratorView.h"
+#include "ui/qr/QRSheet.h"
+#include "ui/sets/CatalogPickerMenu.h"
+#include "ui/sets/ImportSheet.h"
 #include "ui/sets/NewShootSheet.h"
+#include "ui/sets/SetSheet.h"
 #include "ui/theme/Theme.h"
 #include "update/UpdateChecker.h"
 #include "watch/FolderWatcher.h"
@@ -20,13 +30,18 @@
 #include <QTimer>
 
 #include <array>
+#include <chrono>
 
 #include <cstdio>
 
 using namespace morvak;
+using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Refreshes that wait a moment, and the banner on its way in.
+constexpr std::chrono::milliseconds settled = 450ms;
 
 WatcherServices quietServices()
 {
@@ -51,7 +66,7 @@ UpdateConfig knownUpdate(const QString& preferences)
 
 class Screens {
 public:
-    Screens(const QDir& folder, Theme& theme, int sets)
+    Screens(const QDir& folder, Theme& theme, Amount amount)
         : m_folder(folder),
           m_shoots(m_data.filePath(u"shoots.json"_s)),
           m_catalog(m_data.filePath(u"catalog.json"_s)),
@@ -60,22 +75,25 @@ public:
           m_services{m_shoots, m_watcher, m_catalog, m_updates,         theme, m_dialogs, u"1.0.0"_s,
                      [] {},    [] {},     {},        [](const QUrl&) {}}
     {
-        fillIn(m_shoots, m_watcher, sets);
-        m_prefix = u"%1-%2"_s.arg(theme.scheme() == Scheme::dark ? u"dark"_s : u"light"_s).arg(sets);
+        fillIn(m_services, amount);
+        m_prefix = u"%1-%2"_s.arg(theme.scheme() == Scheme::dark ? u"dark"_s : u"light"_s, nameOf(amount));
     }
 
     void shootAll()
     {
         for (const QSize& size : {QSize(700, 500), QSize(1000, 700), QSize(2560, 1440)})
             shootTabs(size);
+        for (const QSize& size : {QSize(700, 500), QSize(1000, 700)})
+            shootSheets(size);
         MenuBarView panel(m_services);
         panel.openAsWindow();
         save(panel, u"panel"_s);
-        MainView behind(m_services);
-        behind.show();
-        NewShootSheet sheet(m_services, &behind);
-        sheet.open();
-        save(sheet, u"new-shoot"_s);
+        QRGeneratorView generator(m_services);
+        generator.show();
+        save(generator, u"qr-generator"_s);
+        CatalogPickerMenu picker(m_catalog, u"velora"_s);
+        picker.popup({});
+        save(picker, u"catalog-picker"_s);
     }
 
 private:
@@ -91,11 +109,36 @@ private:
         }
     }
 
+    void shootSheets(const QSize& size)
+    {
+        QWidget behind;
+        behind.resize(size);
+        behind.show();
+        const std::optional<Shoot> shoot = m_shoots.activeShoot();
+        const SetData set = setToShow(m_services);
+        const QList<Product>& products = m_catalog.products();
+        const Product product = products.isEmpty() ? Product() : products.constLast();
+        const auto take = [&](SheetFrame&& sheet, const QString& name) {
+            sheet.open();
+            save(sheet, u"%1-%2"_s.arg(name).arg(size.width()));
+        };
+        take(NewShootSheet(m_services, &behind), u"new-shoot"_s);
+        take(NewSetSheet(m_services, &behind), u"new-set"_s);
+        take(EditSetSheet(m_services, set, &behind), u"edit-set"_s);
+        take(ImportSheet(m_services, shoot ? shoot->id : QUuid(), &behind), u"import"_s);
+        take(QRSheet(m_services, set, &behind), u"qr"_s);
+        take(BulkQRExportSheet(m_services, shoot ? shoot->sets : QList<SetData>(), u"Ibiza"_s, &behind),
+             u"bulk-export"_s);
+        take(CatalogSheet(m_services, {}, &behind), u"catalog"_s);
+        take(EditProductSheet(product, m_catalog.allBrandNames(), &behind), u"edit-product"_s);
+        take(CatalogImportSheet(m_services, {}, &behind), u"catalog-import"_s);
+        take(ClientsSheet(m_services, {}, &behind), u"clients"_s);
+    }
+
     void save(QWidget& widget, const QString& name)
     {
-        // Refreshes that wait a moment, and the banner on its way in.
         QEventLoop loop;
-        QTimer::singleShot(std::chrono::milliseconds(450), &loop, &QEventLoop::quit);
+        QTimer::singleShot(settled, &loop, &QEventLoop::quit);
         loop.exec();
         const QString file = m_folder.filePath(u"%1-%2.png"_s.arg(m_prefix, name));
         if (!widget.grab().save(file))
@@ -127,8 +170,8 @@ int main(int argc, char** argv)
     Theme theme;
     for (const Theme::Choice choice : {Theme::Choice::light, Theme::Choice::dark}) {
         theme.setChoice(choice);
-        for (const int sets : {0, 3, 300})
-            Screens(QDir(arguments[1]), theme, sets).shootAll();
+        for (const Amount amount : {Amount::nothing, Amount::usual, Amount::overfull})
+            Screens(QDir(arguments[1]), theme, amount).shootAll();
     }
     return 0;
 }
