@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QTest>
 
+#include <sys/prctl.h>
+
 namespace morvak::test {
 
 namespace {
@@ -31,6 +33,8 @@ MorvakRun::MorvakRun()
     store.createShoot(QStringLiteral("Herfst ’26"), {}, {});
     store.setWatchFolder(folder(), *store.activeShootId());
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // A test that is killed leaves nothing running.
+    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
 }
 
 MorvakRun::~MorvakRun()
@@ -112,8 +116,10 @@ qsizetype MorvakRun::count(const QString& textInLine)
 
 QHash<QString, QJsonObject> MorvakRun::readBack() const
 {
-    const QByteArray json =
-        runExifTool({QStringLiteral("-j"), QStringLiteral("-G"), QStringLiteral(".")}, folder());
+    QStringList arguments = {QStringLiteral("-j"), QStringLiteral("-G")};
+    for (const QString& name : QDir(folder()).entryList(QDir::Files))  // no pipes: the tool would wait there
+        arguments.append(QStringLiteral("./") + name);
+    const QByteArray json = runExifTool(arguments, folder());
     QHash<QString, QJsonObject> tags;
     for (const QJsonValue& photo : QJsonDocument::fromJson(json).array())
         tags.insert(photo[QStringLiteral("File:FileName")].toString(), photo.toObject());
