@@ -6,6 +6,7 @@
 #include "sampleshoot/SampleShoot.h"
 #include "store/StoreFile.h"
 #include "support/Files.h"
+#include "support/FullDisk.h"
 #include "support/SmallDisk.h"
 #include "support/TestMain.h"
 
@@ -13,11 +14,10 @@
 
 #include <future>
 
-#include <sys/resource.h>
-
 using namespace morvak;
 using namespace Qt::StringLiterals;
 using morvak::test::contentOf;
+using morvak::test::FullDisk;
 using morvak::test::MorvakRun;
 using morvak::test::setOfTags;
 using morvak::test::SmallDisk;
@@ -34,15 +34,6 @@ QByteArray raw(qsizetype size)
     samples::PhotoOptions options = samples::plainPhoto(QSize(640, 480));
     options.size = size;
     return samples::dngPhoto(options);
-}
-
-/// No file of that process may grow beyond this any more, as on a full disk; what it has started already may.
-void limitFiles(qint64 process, rlim_t bytes)
-{
-    rlimit limit = {};
-    QCOMPARE(::prlimit(pid_t(process), RLIMIT_FSIZE, nullptr, &limit), 0);
-    limit.rlim_cur = std::min(bytes, limit.rlim_max);
-    QCOMPARE(::prlimit(pid_t(process), RLIMIT_FSIZE, &limit, nullptr), 0);
 }
 
 qsizetype activationsIn(const QByteArray& store)
@@ -75,15 +66,16 @@ void TestE2eFullDisk::storeIsTheOldOneUntilThereIsRoom()
     run.start();
     run.scan(sets.at(0));
     const QByteArray before = contentOf(run.storeFile());
-    limitFiles(run.processId(), 100);
-    run.scan(sets.at(1));
-    QTRY_VERIFY(run.count(u"shoots.json is niet bewaard: "_s) >= 1);
-    run.drop(u"a.jpg"_s, jpeg());
-    QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg → "_s + sets.at(1).headline()), 1, 30'000);
-    QCOMPARE(contentOf(run.storeFile()), before);
-    QCOMPARE(filesIn(QFileInfo(run.storeFile()).path()), QStringList({u"instance.lock"_s, u"shoots.json"_s}));
-
-    limitFiles(run.processId(), RLIM_INFINITY);
+    {
+        const FullDisk disk(100, pid_t(run.processId()));
+        run.scan(sets.at(1));
+        QTRY_VERIFY(run.count(u"shoots.json is niet bewaard: "_s) >= 1);
+        run.drop(u"a.jpg"_s, jpeg());
+        QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg → "_s + sets.at(1).headline()), 1, 30'000);
+        QCOMPARE(contentOf(run.storeFile()), before);
+        QCOMPARE(filesIn(QFileInfo(run.storeFile()).path()),
+                 QStringList({u"instance.lock"_s, u"shoots.json"_s}));
+    }
     run.scan(sets.at(0));
     QTRY_COMPARE(activationsIn(contentOf(run.storeFile())), activationsIn(before) + 2);
 }

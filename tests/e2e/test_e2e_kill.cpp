@@ -86,7 +86,7 @@ class TestE2eKill : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void anyMomentLosesNothing_data() { test::addRounds(4); }
+    void anyMomentLosesNothing_data() { test::addRounds(3); }
     void anyMomentLosesNothing();
 };
 

@@ -29,10 +29,10 @@ private Q_SLOTS:
 };
 
 /// The program hears of nothing while more happens in its folder than the kernel's queue holds; then a
-/// thousand photos (a hundred in the short run) lie there at once. Others were under way.
+/// thousand photos (forty in the short run) lie there at once. Others were under way.
 void TestE2eStorm::photosOfAnOverflowAreTaggedOnce()
 {
-    const int photos = test::isLongRun() ? 1000 : 100;
+    const int photos = test::isLongRun() ? 1000 : 40;
     const int underWay = 10;
     const QList<SetData> sets = samples::sampleSets();
     const QByteArray photo = samples::jpegPhoto(samples::plainPhoto(QSize(320, 240)));

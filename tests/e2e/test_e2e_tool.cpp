@@ -52,8 +52,6 @@ void TestE2eTool::uselessToolIsToldAndGottenOver_data()
     QTest::addColumn<QString>("diagnostic");
     QTest::newRow("may not be run") << QByteArray("exit 0") << false << u"❌ Failed to start ExifTool: "_s;
     QTest::newRow("ends at once") << QByteArray("exit 0") << true << u"❌ ExifTool "_s;
-    QTest::newRow("ends at the first request")
-        << QByteArray("read request; exit 1") << true << u"❌ ExifTool ended before {ready"_s;
     QTest::newRow("fails at everything")
         << QByteArray(
                "while read -r line; do case $line in -execute*) "
