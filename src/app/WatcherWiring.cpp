@@ -22,6 +22,7 @@ WatcherServices watcherServices(ExifToolService& exifTool)
                                          std::function<void(bool)> completion) {
         exifTool.writeMetadata(to, setData, shootName, std::move(completion));
     };
+    services.clearUp = [&exifTool](const QString& folder) { exifTool.clearUp(folder); };
     services.moveToTrash = moveToTrash;
     services.playSound = playActivationSound;
     return services;

@@ -44,6 +44,10 @@ public:
     void writeMetadata(const QString& to, const SetData& setData, const QString& shootName,
                        const Completion& completion);
 
+    /// Removes the temporary files that a killed exiftool has left beside the photos directly in a folder.
+    /// Returns at once; it is done before any write that is asked for later. Any thread.
+    void clearUp(const QString& folder) { m_writer.clearUp(folder); }
+
     /// What exiftool prints for these options and this photo; empty on any failure. Blocks for at most about
     /// five seconds once it is its turn; any thread but the main one.
     [[nodiscard]] QByteArray read(const QStringList& options, const QString& filePath);

@@ -1,6 +1,7 @@
 #include "metadata/PhotoWriter.h"
 
 #include "metadata/TaggingRequest.h"
+#include "metadata/ToolLeftovers.h"
 #include "metadata/ToolRequest.h"
 #include "platform/Diagnostics.h"
 #include "platform/FileName.h"
@@ -21,31 +22,15 @@ bool failed(const QString& filePath, const QString& reason)
     return false;
 }
 
-bool isHeld(const QString& filePath)
-{
-    return !heldForWriting({filePath}).isEmpty();
-}
-
-/// exiftool refuses to touch a photo while this lies beside it.
-void removeStaleTemporaryFile(const QString& filePath)
-{
-    const QString temporary = filePath + QStringLiteral("_exiftool_tmp");
-    if (!regularFileState(temporary) || isHeld(temporary))
-        return;
-    const bool removed = removeFile(temporary);
-    diagnostic((removed ? QStringLiteral("🔧 Removed stale ") : QStringLiteral("❌ Cannot remove stale ")) +
-               lastPathComponent(temporary));
-}
-
 bool isReadyForWriting(const QString& filePath)
 {
     if (!isSendablePath(filePath))
         return failed(filePath, QStringLiteral("path refused"));
     if (!regularFileState(filePath))
         return failed(filePath, QStringLiteral("not a regular file"));
-    if (isHeld(filePath))
+    if (!heldForWriting({filePath}).isEmpty())
         return failed(filePath, QStringLiteral("open for writing elsewhere"));
-    removeStaleTemporaryFile(filePath);
+    removeLeftover(filePath);
     return true;
 }
 
@@ -80,6 +65,14 @@ void PhotoWriter::stop()
     (void)m_queue.post([this] { m_tool.stop(); });
 }
 
+void PhotoWriter::clearUp(const QString& folder)
+{
+    (void)m_queue.post([this, folder] {
+        if (!m_quit.isRaised())
+            removeLeftovers(folder);
+    });
+}
+
 void PhotoWriter::write(const QString& filePath, const SetData& set, const QString& shootName,
                         const Completion& completion)
 {
@@ -102,11 +95,13 @@ bool PhotoWriter::tag(const QString& filePath, const SetData& set, const QString
         if (!m_tool.start() || !isReadyForWriting(filePath))
             return false;
         const Reply reply = m_tool.request(options, filePath);
-        if (reply.kind == Reply::Kind::Answered)
-            return judged(reply.answer, filePath, set);
-        if (!m_tool.drop())
+        const bool answered = reply.kind == Reply::Kind::Answered;
+        if (!answered && !m_tool.drop())
             return failed(filePath, QStringLiteral("the tool cannot be ended"));
-        removeStaleTemporaryFile(filePath);
+        // The tool leaves it too when its photo was deleted under its hands.
+        removeLeftover(filePath);
+        if (answered)
+            return judged(reply.answer, filePath, set);
     }
     return failed(filePath, QStringLiteral("no answer"));
 }

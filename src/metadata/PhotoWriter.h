@@ -21,6 +21,9 @@ public:
     void start();
     void stop();
 
+    /// Removes what killed tools have left in a folder. Any thread; it is done before later writes.
+    void clearUp(const QString& folder);
+
     /// `completion` is called once: on the writer's thread, in the order of the calls, or at once with false
     /// when the writer has been closed. Any thread.
     void write(const QString& filePath, const SetData& set, const QString& shootName,

@@ -43,6 +43,7 @@ void ignoreStraySignals()
 {
     handle(SIGPIPE, SIG_IGN);
     handle(SIGIO, SIG_IGN);
+    handle(SIGXFSZ, SIG_IGN);
 }
 
 void onQuitRequest(QObject* owner, std::function<void()> handler)

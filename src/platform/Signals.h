@@ -6,7 +6,8 @@ class QObject;
 
 namespace morvak {
 
-/// Broken pipes and broken leases end with an error at their caller, never with the program. Call first.
+/// Broken pipes, broken leases and files that grow too long end with an error at their caller, never with the
+/// program. Call first.
 void ignoreStraySignals();
 
 /// Calls `handler` on the main thread when the program is asked to end (SIGTERM, SIGINT, SIGHUP). Once per

@@ -27,6 +27,11 @@ QString pathBelow(const QString& folder, const QString& name)
     return folder.endsWith(u'/') ? folder + name : folder + u'/' + name;
 }
 
+qint64 wallClockNs()
+{
+    return QDateTime::currentMSecsSinceEpoch() * 1'000'000;
+}
+
 /// None when the folder cannot be listed.
 std::optional<QList<FoundFile>> photosIn(const QString& folder, const FileProbe& files)
 {
@@ -92,6 +97,7 @@ void FolderWatcher::startWatching(const QString& path)
         m_folder.open(path);
     if (isWatching()) {
         addLog(QStringLiteral("Watching: ") + path, LogType::info);
+        m_services.clearUp(path);
         seedKnownPhotos(path);
         Q_EMIT isWatchingChanged();
     } else if (folderMissing()) {
@@ -198,12 +204,21 @@ void FolderWatcher::folderLost()
 {
     m_batchTimer.stop();
     m_batcher.clear();
-    m_lostAtNs = QDateTime::currentMSecsSinceEpoch() * 1'000'000;
+    m_lostAt = Clock::now();
+    m_lostAtNs = wallClockNs();
     addLog(QStringLiteral("⚠️ Map verdwenen: ") + m_watchPath +
                QStringLiteral(" — Morvak gaat vanzelf verder zodra de map terug is"),
            LogType::warning);
     Q_EMIT isWatchingChanged();
     Q_EMIT folderMissingChanged();
+}
+
+/// When the folder vanished, as a change time of files: by the clock as it was then, or as it is now when it
+/// has been set back since.
+qint64 FolderWatcher::lostAtNs() const
+{
+    const std::chrono::nanoseconds absence = Clock::now() - m_lostAt;
+    return std::min(m_lostAtNs, wallClockNs() - qint64(absence.count()));
 }
 
 /// What arrived in the meantime is new; what another drive or folder brings along in its place is not. The
@@ -212,7 +227,8 @@ void FolderWatcher::folderBack(WatchedFolder::Return kind)
 {
     constexpr qint64 marginNs = 60'000'000'000;
     addLog(QStringLiteral("Watching: ") + m_watchPath, LogType::info);
-    lookThroughFolder(kind == WatchedFolder::Return::FirstSeen ? nothing : m_lostAtNs - marginNs);
+    m_services.clearUp(m_watchPath);
+    lookThroughFolder(kind == WatchedFolder::Return::FirstSeen ? nothing : lostAtNs() - marginNs);
     Q_EMIT isWatchingChanged();
     Q_EMIT folderMissingChanged();
 }

@@ -15,6 +15,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -119,6 +120,7 @@ private:
     void folderLost();
     void folderBack(WatchedFolder::Return kind);
     void seedKnownPhotos(const QString& folder);
+    [[nodiscard]] qint64 lostAtNs() const;
     void lookThroughFolder(qint64 newSinceNs);
     void takeFound(const QList<FoundFile>& photos);
     QString pathOf(const QString& name) const;
@@ -148,8 +150,9 @@ private:
     bool m_deleteQRCardAfterScan = false;
 
     WatchedFolder m_folder;
-    qint64 m_lostAtNs = 0;    // as a change time of files
-    qint64 m_newSinceNs = 0;  // likewise: for the next photos that looking through the folder finds
+    std::chrono::steady_clock::time_point m_lostAt;
+    qint64 m_lostAtNs = 0;    // the same as a change time of files
+    qint64 m_newSinceNs = 0;  // as a change time: for the next photos that looking through the folder finds
     quint64 m_lookNumber = 0;
     EventBatcher m_batcher;
     OwnRenames m_ownRenames;

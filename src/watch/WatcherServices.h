@@ -26,6 +26,8 @@ struct WatcherServices {
     std::function<void(const QString& to, const SetData& setData, const QString& shootName,
                        std::function<void(bool)> completion)>
         writeMetadata;
+    /// Removes from a folder what a killed metadata tool has left there; returns at once.
+    std::function<void(const QString& folder)> clearUp = [](const QString&) {};
     std::function<bool(const QString& path)> moveToTrash;
     std::function<void()> playSound;
     FileProbe files;

@@ -9,7 +9,7 @@
 #include <QJsonDocument>
 #include <QTest>
 
-#include <csignal>
+#include <sys/prctl.h>
 
 namespace morvak::test {
 
@@ -24,28 +24,23 @@ QByteArray runExifTool(const QStringList& arguments, const QString& folder)
     return tool.readAllStandardOutput();
 }
 
-QByteArray firstLineOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 }  // namespace
 
 MorvakRun::MorvakRun()
 {
     QDir(m_root.path()).mkdir(QStringLiteral("photos"));
-    ShootManager store(m_root.filePath(QStringLiteral("data/Morvak/shoots.json")));
+    ShootManager store(storeFile());
     store.createShoot(QStringLiteral("Herfst ’26"), {}, {});
     store.setWatchFolder(folder(), *store.activeShootId());
-    m_process.setProcessEnvironment(environment());
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // A test that is killed leaves nothing running.
+    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
 }
 
 MorvakRun::~MorvakRun()
 {
-    m_process.kill();
-    m_process.waitForFinished();
+    kill();
+    signalTools(SIGKILL);  // such as were stopped, and do not hear that the program has ended
 }
 
 QProcessEnvironment MorvakRun::environment() const
@@ -55,12 +50,15 @@ QProcessEnvironment MorvakRun::environment() const
          {std::pair{"HOME", "home"}, {"XDG_DATA_HOME", "data"}, {"XDG_CONFIG_HOME", "config"}})
         environment.insert(QString::fromUtf8(name), m_root.filePath(QString::fromUtf8(sub)));
     environment.insert(QStringLiteral("MORVAK_TEST_RUN"), m_root.path());
+    for (auto extra = m_extra.begin(); extra != m_extra.end(); ++extra)
+        environment.insert(extra.key(), extra.value());
     return environment;
 }
 
 void MorvakRun::start()
 {
     m_lines.clear();
+    m_process.setProcessEnvironment(environment());
     m_process.start(QStringLiteral(MORVAK_PROGRAM), {QStringLiteral("--scan-stdin")});
     QTRY_VERIFY_WITH_TIMEOUT(count(QStringLiteral("Watching: ") + folder()) == 1, 20'000);
 }
@@ -68,8 +66,20 @@ void MorvakRun::start()
 void MorvakRun::scan(const SetData& set)
 {
     const qsizetype before = count(QStringLiteral("Actieve set: "));
-    m_process.write(set.toQRText().toUtf8() + "\n\n");
-    QTRY_VERIFY(count(QStringLiteral("Actieve set: ")) > before);
+    type(set);
+    QTRY_VERIFY_WITH_TIMEOUT(count(QStringLiteral("Actieve set: ")) > before, 20'000);
+}
+
+void MorvakRun::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void MorvakRun::signalTools(int number) const
+{
+    for (const qint64 tool : exifTools())
+        ::kill(pid_t(tool), number);
 }
 
 qint64 MorvakRun::quit(int signal)
@@ -106,8 +116,10 @@ qsizetype MorvakRun::count(const QString& textInLine)
 
 QHash<QString, QJsonObject> MorvakRun::readBack() const
 {
-    const QByteArray json =
-        runExifTool({QStringLiteral("-j"), QStringLiteral("-G"), QStringLiteral(".")}, folder());
+    QStringList arguments = {QStringLiteral("-j"), QStringLiteral("-G")};
+    for (const QString& name : QDir(folder()).entryList(QDir::Files))  // no pipes: the tool would wait there
+        arguments.append(QStringLiteral("./") + name);
+    const QByteArray json = runExifTool(arguments, folder());
     QHash<QString, QJsonObject> tags;
     for (const QJsonValue& photo : QJsonDocument::fromJson(json).array())
         tags.insert(photo[QStringLiteral("File:FileName")].toString(), photo.toObject());
@@ -125,13 +137,33 @@ QList<qint64> MorvakRun::exifTools() const
     QList<qint64> found;
     for (const QString& name : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
         const QString process = QStringLiteral("/proc/") + name;
-        if (name.toLongLong() > 0 &&
-            firstLineOf(process + QStringLiteral("/cmdline")).contains("-stay_open") &&
-            firstLineOf(process + QStringLiteral("/environ"))
+        if (name.toLongLong() > 0 && contentOf(process + QStringLiteral("/cmdline")).contains("-stay_open") &&
+            contentOf(process + QStringLiteral("/environ"))
                 .contains("MORVAK_TEST_RUN=" + m_root.path().toUtf8()))
             found.append(name.toLongLong());
     }
     return found;
+}
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+const SetData* setOfTags(const QJsonObject& tags, const QList<SetData>& sets)
+{
+    const auto is = [&tags](const char* tag, const QString& value) {
+        return tags.value(QLatin1String(tag)).toVariant().toString() == value;
+    };
+    for (const SetData& set : sets) {
+        if (is("XMP:Headline", set.headline()) && is("XMP:Title", set.headline()) &&
+            is("XMP:Description", set.description()) && is("XMP:Creator", set.model) &&
+            is("XMP:Instructions", set.toQRText().replace(QStringLiteral("\n"), QStringLiteral(" | "))) &&
+            is("IPTC:Headline", set.headline()) && is("IPTC:Caption-Abstract", set.description()))
+            return &set;
+    }
+    return nullptr;
 }
 
 QByteArray rawStrip(const QString& path)

@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <csignal>
+
 namespace morvak::test {
 
 /// The real program on a private profile with one shoot, whose folder is watched, and what came of the
@@ -18,8 +20,18 @@ public:
 
     /// Starts the program and waits until it watches.
     void start();
+    /// For what is started from now on, exiftool among it.
+    void setEnvironment(const QString& name, const QString& value) { m_extra.insert(name, value); }
+
     void scan(const SetData& set);
-    void kill() { m_process.kill(); }
+    /// Scans without waiting for an answer.
+    void type(const SetData& set) { m_process.write(set.toQRText().toUtf8() + "\n\n"); }
+
+    /// SIGKILL; waits until the program is gone.
+    void kill();
+    void signal(int number) const { ::kill(pid_t(processId()), number); }
+    void signalTools(int number) const;
+    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
 
     /// Asks for the end with this signal and waits; the milliseconds it took, or -1 when it does not end
     /// well.
@@ -28,6 +40,12 @@ public:
 
     [[nodiscard]] QString path(const QString& name) const { return folder() + u'/' + name; }
     [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("photos")); }
+    [[nodiscard]] QString storeFile() const
+    {
+        return m_root.filePath(QStringLiteral("data/Morvak/shoots.json"));
+    }
+    /// A place for what the photos' folder shall not hold.
+    [[nodiscard]] QString elsewhere(const QString& name) const { return m_root.filePath(name); }
 
     /// Writes a photo under its final name, as fast as it goes.
     void drop(const QString& name, const QByteArray& bytes) const;
@@ -49,10 +67,17 @@ private:
     [[nodiscard]] QProcessEnvironment environment() const;
 
     QTemporaryDir m_root;
+    QHash<QString, QString> m_extra;
     QProcess m_process;
     QStringList m_lines;
     QByteArray m_unfinished;
 };
+
+/// The whole content of a file; empty when it cannot be read.
+[[nodiscard]] QByteArray contentOf(const QString& path);
+
+/// The set whose tags these are, all of them and unharmed; null when they are none's.
+[[nodiscard]] const SetData* setOfTags(const QJsonObject& tags, const QList<SetData>& sets);
 
 /// The bytes of a RAW container's largest strip, where the camera put the picture.
 [[nodiscard]] QByteArray rawStrip(const QString& path);

@@ -1,16 +1,16 @@
 #include "MorvakRun.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
+#include "support/SmallDisk.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 
 #include <csignal>
 
-#include <sys/mount.h>
-
 using namespace morvak;
 using morvak::test::MorvakRun;
+using morvak::test::SmallDisk;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,11 +18,6 @@ namespace {
 QByteArray jpeg()
 {
     return samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-}
-
-bool mountOn(const QString& folder)
-{
-    return ::mount("tmpfs", folder.toUtf8().constData(), "tmpfs", 0, "size=16m") == 0;
 }
 
 /// How often the program said it tagged this photo.
@@ -73,18 +68,17 @@ void TestE2eVanishedFolder::movedAwayAndBack()
 void TestE2eVanishedFolder::unmountedAndMountedAgain()
 {
     MorvakRun run;
-    if (!mountOn(run.folder()))
+    SmallDisk disk(run.folder(), "16m");
+    if (!disk.isMounted())
         QSKIP("only who may mount can test this");
-    const QByteArray mountPoint = run.folder().toUtf8();
-    const auto unmount = qScopeGuard([&] { ::umount2(mountPoint.constData(), MNT_DETACH); });
     run.start();
     run.scan(samples::sampleSets().constFirst());
     run.drop(u"first.jpg"_s, jpeg());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"first.jpg"_s), 1, 20'000);
-    QCOMPARE(::umount2(mountPoint.constData(), MNT_DETACH), 0);
+    disk.unmount();
     QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
     run.drop(u"beneath.jpg"_s, jpeg());  // into the empty mount point
-    QVERIFY(mountOn(run.folder()));
+    QVERIFY(disk.mount());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"Watching: "_s), 2, 20'000);
     run.drop(u"last.jpg"_s, jpeg());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"last.jpg"_s), 1, 20'000);

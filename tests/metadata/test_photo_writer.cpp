@@ -69,6 +69,7 @@ private Q_SLOTS:
     void leavesOtherFilesAlone();
     void aRetryLooksAtThePhotoAgain();
     void removesAStaleTemporaryFile();
+    void clearsUpAFolder();
     void quitsUnderLoad_data();
     void quitsUnderLoad();
     void anAnswerWithinTheGraceCounts();
@@ -287,6 +288,32 @@ void TestPhotoWriter::removesAStaleTemporaryFile()
     QVERIFY(!QFile::exists(stale));
     QVERIFY(inUse.exists());
     QVERIFY(output.lines().contains(QStringLiteral("🔧 Removed stale a.jpg_exiftool_tmp")));
+}
+
+void TestPhotoWriter::clearsUpAFolder()
+{
+    const FakeTool tool("ok");
+    ExifToolService service(tool.config());
+    const auto temporaryOf = [&tool](const char* name) {
+        return tool.photo(QLatin1String(name) + QStringLiteral("_exiftool_tmp"));
+    };
+    for (const char* const name : {"stale.jpg", "older.jpg", "inuse.jpg", "photo.jpg"})
+        (void)tool.photo(QLatin1String(name));
+    const QString stale = temporaryOf("stale.jpg");
+    const QString ofNoPhoto = temporaryOf("gone.jpg");
+    QFile olderThanItsPhoto(temporaryOf("older.jpg"));
+    QVERIFY(olderThanItsPhoto.open(QIODevice::ReadWrite));
+    QVERIFY(olderThanItsPhoto.setFileTime(QDateTime::currentDateTime().addSecs(-10),
+                                          QFileDevice::FileModificationTime));
+    olderThanItsPhoto.close();
+    QFile inUse(temporaryOf("inuse.jpg"));
+    QVERIFY(inUse.open(QIODevice::ReadWrite));
+    Results results;
+    service.clearUp(tool.path({}));
+    service.writeMetadata(tool.path(QStringLiteral("photo.jpg")), someSet(), {}, results.next());
+    QTRY_COMPARE(results.tags.size(), 1);
+    QVERIFY(!QFile::exists(stale));
+    QVERIFY(QFile::exists(ofNoPhoto) && olderThanItsPhoto.exists() && inUse.exists());
 }
 
 void TestPhotoWriter::quitsUnderLoad_data()

@@ -67,7 +67,7 @@ void answer(const std::string& behaviour, const std::string& number, const std::
 {
     const std::string marker = "{ready" + number + "}\n";
     const std::string updated = "    1 image files updated\n" + marker;
-    if (behaviour == "silent" || behaviour == "deaf" || behaviour == "die")
+    if (behaviour == "silent" || behaviour == "deaf" || behaviour == "die" || behaviour == "fail")
         std::ofstream(path + "_exiftool_tmp") << "half a photo";
     if (behaviour == "die")
         ::_exit(1);
