@@ -327,6 +327,9 @@ void TestScanner::handTypingIsAsBefore()
     auto& button = desk.find<QPushButton>(u"activateScan"_s);
     QSignalSpy clicked(&button, &QPushButton::clicked);
     button.setFocus();
+    desk.keys.type(u" SET:5\n"_s);
+    QTRY_COMPARE(desk.watcher->currentSet()->setNumber, u"5"_s);
+    desk.keys.pause();
     desk.keys.press(Qt::Key_Space, u" "_s);
     QTRY_COMPARE(clicked.size(), 1);
     desk.keys.pause();
