@@ -171,6 +171,7 @@ void TestScanner::scannersAndPeopleAreToldApart_data()
     row("two scans", false, u"S E T ⏎ B151 R A ⏎"_s, {}, {u"SET\n"_s, u"BRA\n"_s});
     row("it stutters in the middle", false, u"S E T :150 1 ⏎"_s, {}, {u"SET:1\n"_s});
     row("and at its first key", false, u"S E100 T : 1 ⏎"_s, u"S|"_s, {u"SET:1\n"_s});
+    row("and again and again", false, u"S E60 T60 ^ B R A ⏎"_s, u"S|E|"_s, {u"SET\nBRA\n"_s});
     row("CR LF, a function key before and after", false, u"ƒ S E T ⏎ ⏎ ƒ"_s, {}, {u"SET\n\n"_s});
     row("control characters for Return", false, u"S E T ^ 1 ⌘ 2"_s, u"⌘"_s, {u"SET\n12"_s});
     row("accents", false, u"C a f ´ e"_s, {}, {u"Café"_s});
