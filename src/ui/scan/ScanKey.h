@@ -11,7 +11,7 @@ struct ScanKey {
     enum class Kind {
         text,          ///< types something
         lineBreak,     ///< Return, Enter, Tab: scanners end their lines with any of them
-        controlBreak,  ///< Ctrl+J, Ctrl+M, Ctrl+I: a line break within a burst, a shortcut otherwise
+        controlBreak,  ///< Ctrl+J, Ctrl+M, Ctrl+I: a line break right after another key, a shortcut otherwise
         deadKey,       ///< an accent for the text that follows
         silent,        ///< a function key, which some scanners send before or after their text
         modifier,      ///< Shift, Caps Lock and the like, which scanners press as keys of their own

@@ -1,5 +1,6 @@
 #include "ui/scan/ScannerBurst.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace morvak {
@@ -10,6 +11,8 @@ using namespace std::chrono_literals;
 using Kind = ScanKey::Kind;
 
 constexpr ScannerBurst::Time longestStep = 50ms;
+constexpr ScannerBurst::Time longestStutter = 75ms;  // of a scanner; hardly a person's step
+constexpr int slowStepWeight = 3;
 constexpr ScannerBurst::Time burstEnd = 150ms;
 
 // Two keys at once are a fast hand. In the scan field a hand may roll more of them, and Return with them; the
@@ -22,7 +25,7 @@ constexpr int fewestInField = 5;
 bool ScannerBurst::belongs(const ScanKey& key) const
 {
     return key.kind != Kind::shortcut && key.kind != Kind::other &&
-           (key.kind != Kind::controlBreak || m_isCaught);
+           (key.kind != Kind::controlBreak || !isIdle());
 }
 
 ScannerBurst::Verdict ScannerBurst::before(const ScanKey& key, Time time)
@@ -32,7 +35,7 @@ ScannerBurst::Verdict ScannerBurst::before(const ScanKey& key, Time time)
         return Verdict::nothing;
     if (m_isCaught)
         return Verdict::ended;
-    const bool isHeldDown = m_fastSteps + m_slowSteps == 0 && key.key == m_lastKey;
+    const bool isHeldDown = m_fastSteps + m_doubts == 0 && key.key == m_lastKey;
     const bool wasTyped = gap > longestStep || isHeldDown || (key.kind != Kind::modifier && !belongs(key));
     const Verdict verdict = wasTyped ? release() : Verdict::nothing;
     if (gap > burstEnd)
@@ -42,36 +45,37 @@ ScannerBurst::Verdict ScannerBurst::before(const ScanKey& key, Time time)
 
 ScannerBurst::Fate ScannerBurst::press(const ScanKey& key, Time time, Place place)
 {
-    const Time gap = isIdle() ? Time(0) : time - m_last;
-    if (key.kind == Kind::modifier) {
-        m_isStepFast = m_isStepFast && gap <= longestStep;
-        m_last = time;
-        return Fate::pass;
-    }
-    if (!belongs(key)) {
+    if (key.kind != Kind::modifier && !belongs(key)) {
         if (!m_isCaught)
             takeText();
         return m_isCaught && key.kind == Kind::other ? Fate::caught : Fate::pass;
     }
-    count(key, gap);
-    append(key);
+    m_step = isIdle() ? Time(0) : std::max(m_step, time - m_last);
     m_last = time;
+    if (key.kind == Kind::modifier)
+        return Fate::pass;
+    count(key);
+    append(key);
     const int fewest = place == Place::scanField ? fewestInField : fewestElsewhere;
-    m_isCaught = m_isCaught || (m_fastSteps + 1 >= fewest && m_fastSteps >= 3 * m_slowSteps);
+    m_isCaught = m_isCaught || (m_fastSteps + 1 >= fewest && m_fastSteps >= m_doubts);
     if (!m_isCaught)
         return passOrHold(key, place);
     m_holds = false;
     return Fate::caught;
 }
 
-void ScannerBurst::count(const ScanKey& key, Time gap)
+void ScannerBurst::count(const ScanKey& key)
 {
     // A key that follows itself may be one that is held down.
-    if (!isIdle() && key.key != m_lastKey)
-        ++(m_isStepFast && gap <= longestStep ? m_fastSteps : m_slowSteps);
+    if (!isIdle() && key.key != m_lastKey) {
+        if (m_step <= longestStep)
+            ++m_fastSteps;
+        else
+            m_doubts += m_step <= longestStutter ? 1 : slowStepWeight;
+    }
     ++m_keys;
     m_lastKey = key.key;
-    m_isStepFast = true;
+    m_step = Time(0);
 }
 
 void ScannerBurst::append(const ScanKey& key)

@@ -61,7 +61,7 @@ public:
 
 private:
     [[nodiscard]] bool belongs(const ScanKey& key) const;
-    void count(const ScanKey& key, Time gap);
+    void count(const ScanKey& key);
     void append(const ScanKey& key);
     [[nodiscard]] Verdict release();
     [[nodiscard]] Fate passOrHold(const ScanKey& key, Place place);
@@ -71,9 +71,9 @@ private:
     Time m_last{};        // the press before, modifiers included
     int m_lastKey = 0;    // the one before that is no modifier
     int m_keys = 0;       // modifiers not counted
-    int m_fastSteps = 0;  // from a key to another one within the time of a burst, or by way of modifiers
-    int m_slowSteps = 0;
-    bool m_isStepFast = true;
+    Time m_step{};        // the longest between two presses since that key
+    int m_fastSteps = 0;  // from a key to another one
+    int m_doubts = 0;     // what slower steps weigh against them
     bool m_holds = false;
     bool m_isCaught = false;
 };
