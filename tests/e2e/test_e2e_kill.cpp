@@ -88,7 +88,7 @@ class TestE2eKill : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void anyMomentLosesNothing_data() { test::addRounds(3); }
+    void anyMomentLosesNothing_data() { test::addRounds(2); }
     void anyMomentLosesNothing();
 };
 
