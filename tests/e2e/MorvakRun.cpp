@@ -1,6 +1,8 @@
 #include "MorvakRun.h"
 
+#include "sampleshoot/PhotoEncoders.h"
 #include "store/ShootManager.h"
+#include "store/StoreFile.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -149,6 +151,19 @@ QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray smallPhoto()
+{
+    static const QByteArray photo = samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
+    return photo;
+}
+
+qsizetype activationsIn(const QByteArray& store)
+{
+    JsonFault fault;
+    const std::optional<QList<Shoot>> shoots = decodeShoots(store, fault);
+    return shoots && shoots->size() == 1 ? shoots->constFirst().activationLog.size() : -1;
 }
 
 const SetData* setOfTags(const QJsonObject& tags, const QList<SetData>& sets)

@@ -76,6 +76,12 @@ private:
 /// The whole content of a file; empty when it cannot be read.
 [[nodiscard]] QByteArray contentOf(const QString& path);
 
+/// A JPEG of a few kilobytes, the same each time.
+[[nodiscard]] QByteArray smallPhoto();
+
+/// How many activations this content of a store file holds; -1 when it is no whole store of one shoot.
+[[nodiscard]] qsizetype activationsIn(const QByteArray& store);
+
 /// The set whose tags these are, all of them and unharmed; null when they are none's.
 [[nodiscard]] const SetData* setOfTags(const QJsonObject& tags, const QList<SetData>& sets);
 

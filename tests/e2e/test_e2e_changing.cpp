@@ -105,8 +105,7 @@ public:
             case Fault::Rewritten:
                 return wentOn || isTagged(m_name, m_after, tags) ? QString() : told(u"not tagged"_s);
             case Fault::Moved:
-                return wentOn || isTagged(u"moved-"_s + m_name, m_before, tags) ? QString()
-                                                                                : told(u"not tagged"_s);
+                return isTagged(u"moved-"_s + m_name, m_before, tags) ? QString() : told(u"not tagged"_s);
             case Fault::MadeAFolder:
                 return wentOn || fs::is_directory(native(path())) ? QString() : told(u"no folder"_s);
             case Fault::MadeALink:

@@ -1,5 +1,4 @@
 #include "MorvakRun.h"
-#include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "store/StoreFile.h"
 #include "support/Files.h"
@@ -31,11 +30,6 @@ public:
     void setClock(const char* offset) const { test::writeFile(elsewhere(u"clock"_s), offset); }
 };
 
-QByteArray jpeg()
-{
-    return samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-}
-
 }  // namespace
 
 class TestE2eClock : public QObject {
@@ -52,13 +46,13 @@ void TestE2eClock::clockSetBackDuringTheShoot()
     RunByItsClock run;
     run.start();
     run.scan(sets.at(0));
-    run.drop(u"a.jpg"_s, jpeg());
+    run.drop(u"a.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg"_s), 1, 30'000);
     run.setClock("+0");
-    run.drop(u"b.jpg"_s, jpeg());
+    run.drop(u"b.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: b.jpg"_s), 1, 30'000);
     run.scan(sets.at(1));
-    run.drop(u"c.jpg"_s, jpeg());
+    run.drop(u"c.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: c.jpg"_s), 1, 30'000);
     const auto tags = run.readBack();
     const auto headline = [&](const QString& name) {
@@ -85,7 +79,7 @@ void TestE2eClock::clockSetBackWhileTheFolderIsAway()
     QVERIFY(QDir().rename(run.folder(), away));
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"⚠️ Map verdwenen: "_s), 1, 20'000);
     run.setClock("+0");
-    test::writeFile(away + u"/meanwhile.jpg"_s, jpeg());
+    test::writeFile(away + u"/meanwhile.jpg"_s, test::smallPhoto());
     QVERIFY(QDir().rename(away, run.folder()));
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: meanwhile.jpg"_s), 1, 30'000);
 }

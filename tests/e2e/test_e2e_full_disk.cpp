@@ -4,7 +4,6 @@
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/PictureData.h"
 #include "sampleshoot/SampleShoot.h"
-#include "store/StoreFile.h"
 #include "support/Files.h"
 #include "support/FullDisk.h"
 #include "support/SmallDisk.h"
@@ -16,6 +15,7 @@
 
 using namespace morvak;
 using namespace Qt::StringLiterals;
+using morvak::test::activationsIn;
 using morvak::test::contentOf;
 using morvak::test::FullDisk;
 using morvak::test::MorvakRun;
@@ -24,23 +24,11 @@ using morvak::test::SmallDisk;
 
 namespace {
 
-QByteArray jpeg()
-{
-    return samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-}
-
 QByteArray raw(qsizetype size)
 {
     samples::PhotoOptions options = samples::plainPhoto(QSize(640, 480));
     options.size = size;
     return samples::dngPhoto(options);
-}
-
-qsizetype activationsIn(const QByteArray& store)
-{
-    JsonFault fault;
-    const std::optional<QList<Shoot>> shoots = decodeShoots(store, fault);
-    return shoots && shoots->size() == 1 ? shoots->constFirst().activationLog.size() : -1;
 }
 
 QStringList filesIn(const QString& folder)
@@ -70,7 +58,7 @@ void TestE2eFullDisk::storeIsTheOldOneUntilThereIsRoom()
         const FullDisk disk(100, pid_t(run.processId()));
         run.scan(sets.at(1));
         QTRY_VERIFY(run.count(u"shoots.json is niet bewaard: "_s) >= 1);
-        run.drop(u"a.jpg"_s, jpeg());
+        run.drop(u"a.jpg"_s, test::smallPhoto());
         QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg → "_s + sets.at(1).headline()), 1, 30'000);
         QCOMPARE(contentOf(run.storeFile()), before);
         QCOMPARE(filesIn(QFileInfo(run.storeFile()).path()),

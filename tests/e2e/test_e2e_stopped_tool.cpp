@@ -1,5 +1,4 @@
 #include "MorvakRun.h"
-#include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/TestMain.h"
 
@@ -10,16 +9,6 @@ using namespace Qt::StringLiterals;
 using morvak::test::contentOf;
 using morvak::test::MorvakRun;
 using morvak::test::setOfTags;
-
-namespace {
-
-QByteArray jpeg()
-{
-    static const QByteArray photo = samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-    return photo;
-}
-
-}  // namespace
 
 /// The tools are stopped, as a debugger or a dead network share does it.
 class TestE2eStoppedTool : public QObject {
@@ -37,11 +26,11 @@ void TestE2eStoppedTool::stoppedToolIsReplaced()
     MorvakRun run;
     run.start();
     run.scan(sets.at(0));
-    run.drop(u"warm.jpg"_s, jpeg());
+    run.drop(u"warm.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: warm.jpg"_s), 1, 30'000);
     const QList<qint64> stopped = run.exifTools();
     run.signalTools(SIGSTOP);
-    run.drop(u"a.jpg"_s, jpeg());
+    run.drop(u"a.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"🏷️ Tagging a.jpg"_s), 1, 60'000);
     run.scan(sets.at(1));
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg"_s), 1, 60'000);
@@ -58,15 +47,15 @@ void TestE2eStoppedTool::quitsWithAStoppedTool()
     MorvakRun run;
     run.start();
     run.scan(samples::sampleSets().at(0));
-    run.drop(u"warm.jpg"_s, jpeg());
+    run.drop(u"warm.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: warm.jpg"_s), 1, 30'000);
     run.signalTools(SIGSTOP);
     for (const char* const name : {"a.jpg", "b.jpg", "c.jpg"})
-        run.drop(QString::fromUtf8(name), jpeg());
+        run.drop(QString::fromUtf8(name), test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"📁 Bestand stabiel: "_s), 4, 20'000);
     QVERIFY(run.quit(SIGTERM) >= 0);
     QCOMPARE(run.exifTools(), QList<qint64>());
-    QCOMPARE(contentOf(run.path(u"b.jpg"_s)), jpeg());
+    QCOMPARE(contentOf(run.path(u"b.jpg"_s)), test::smallPhoto());
     QCOMPARE(run.leftovers(), QStringList());
 }
 

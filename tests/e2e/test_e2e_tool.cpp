@@ -1,5 +1,4 @@
 #include "MorvakRun.h"
-#include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/Files.h"
 #include "support/TestMain.h"
@@ -12,12 +11,6 @@ using morvak::test::contentOf;
 using morvak::test::MorvakRun;
 
 namespace {
-
-QByteArray jpeg()
-{
-    static const QByteArray photo = samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-    return photo;
-}
 
 /// Closes a photo that was opened for writing, without a change.
 void touch(const QString& path)
@@ -70,10 +63,10 @@ void TestE2eTool::uselessToolIsToldAndGottenOver()
     run.setEnvironment(u"MORVAK_EXIFTOOL"_s, tool);
     run.start();
     run.scan(samples::sampleSets().at(0));
-    run.drop(u"a.jpg"_s, jpeg());
+    run.drop(u"a.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"❌ Tagging mislukt: a.jpg"_s), 1, 30'000);
     QVERIFY2(run.count(diagnostic) >= 1, qPrintable(run.lines().join(u'\n')));
-    QCOMPARE(contentOf(run.path(u"a.jpg"_s)), jpeg());
+    QCOMPARE(contentOf(run.path(u"a.jpg"_s)), test::smallPhoto());
 
     makeTool(tool, "exec exiftool \"$@\"");
     run.signalTools(SIGKILL);  // one of the useless may still run
@@ -92,14 +85,14 @@ void TestE2eTool::hangingToolHoldsNothingElseUp()
     run.setEnvironment(u"MORVAK_EXIFTOOL"_s, tool);
     run.start();
     run.scan(samples::sampleSets().at(0));
-    run.drop(u"a.jpg"_s, jpeg());
+    run.drop(u"a.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"📁 Bestand stabiel: a.jpg"_s), 1, 20'000);
     const QByteArray before = contentOf(run.storeFile());
     run.scan(samples::sampleSets().at(1));
     QTRY_VERIFY(contentOf(run.storeFile()) != before);
     QVERIFY(run.quit(SIGTERM) >= 0);
     QCOMPARE(run.exifTools(), QList<qint64>());
-    QCOMPARE(contentOf(run.path(u"a.jpg"_s)), jpeg());
+    QCOMPARE(contentOf(run.path(u"a.jpg"_s)), test::smallPhoto());
 }
 
 MORVAK_TEST(TestE2eTool);

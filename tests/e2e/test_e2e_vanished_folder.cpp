@@ -1,5 +1,4 @@
 #include "MorvakRun.h"
-#include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/SmallDisk.h"
 #include "support/TestMain.h"
@@ -14,11 +13,6 @@ using morvak::test::SmallDisk;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray jpeg()
-{
-    return samples::jpegPhoto(samples::plainPhoto(QSize(640, 480)));
-}
 
 /// How often the program said it tagged this photo.
 qsizetype tagged(MorvakRun& run, const QString& name)
@@ -41,10 +35,10 @@ void TestE2eVanishedFolder::movedAwayAndBack()
 {
     MorvakRun run;
     run.start();
-    run.drop(u"setless.jpg"_s, jpeg());
+    run.drop(u"setless.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"Geen actieve set — setless.jpg"_s), 1, 20'000);
     run.scan(samples::sampleSets().constFirst());
-    run.drop(u"first.jpg"_s, jpeg());
+    run.drop(u"first.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"first.jpg"_s), 1, 20'000);
 
     const QString elsewhere = run.folder() + u"-elsewhere"_s;
@@ -52,12 +46,12 @@ void TestE2eVanishedFolder::movedAwayAndBack()
     QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
     QFile meanwhile(elsewhere + u"/meanwhile.jpg"_s);
     QVERIFY(meanwhile.open(QIODevice::WriteOnly));
-    meanwhile.write(jpeg());
+    meanwhile.write(test::smallPhoto());
     meanwhile.close();
     QVERIFY(QDir().rename(elsewhere, run.folder()));
 
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"meanwhile.jpg"_s), 1, 20'000);
-    run.drop(u"last.jpg"_s, jpeg());
+    run.drop(u"last.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"last.jpg"_s), 1, 20'000);
     QCOMPARE(tagged(run, u"first.jpg"_s), 1);
     const QHash<QString, QJsonObject> tags = run.readBack();
@@ -73,14 +67,14 @@ void TestE2eVanishedFolder::unmountedAndMountedAgain()
         QSKIP("only who may mount can test this");
     run.start();
     run.scan(samples::sampleSets().constFirst());
-    run.drop(u"first.jpg"_s, jpeg());
+    run.drop(u"first.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"first.jpg"_s), 1, 20'000);
     disk.unmount();
     QTRY_COMPARE(run.count(u"⚠️ Map verdwenen: "_s), 1);
-    run.drop(u"beneath.jpg"_s, jpeg());  // into the empty mount point
+    run.drop(u"beneath.jpg"_s, test::smallPhoto());  // into the empty mount point
     QVERIFY(disk.mount());
     QTRY_COMPARE_WITH_TIMEOUT(run.count(u"Watching: "_s), 2, 20'000);
-    run.drop(u"last.jpg"_s, jpeg());
+    run.drop(u"last.jpg"_s, test::smallPhoto());
     QTRY_COMPARE_WITH_TIMEOUT(tagged(run, u"last.jpg"_s), 1, 20'000);
     QCOMPARE(run.count(u"beneath.jpg"_s), 0);
 }
