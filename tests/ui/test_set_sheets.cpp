@@ -247,7 +247,7 @@ void TestSetSheets::menuOfTheCatalog()
     const QAction* const plain = submenu(menu, u"Orva"_s).actions().constFirst();
     QVERIFY(!plain->menu());
     QVERIFY(plain->text().size() < 200);
-    QCOMPARE(plain->toolTip(), QString(200, u'W'));
+    QVERIFY(plain->toolTip().contains(QString(200, u'W')));
     QVERIFY(!submenu(menu, u"velora"_s).actions().constFirst()->isEnabled());
 
     QSignalSpy picked(&menu, &CatalogPickerMenu::picked);

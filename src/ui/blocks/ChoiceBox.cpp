@@ -1,5 +1,7 @@
 #include "ui/blocks/ChoiceBox.h"
 
+#include "ui/blocks/TextLook.h"
+
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -16,7 +18,8 @@ ChoiceBox::ChoiceBox(QWidget* parent) : QComboBox(parent)
 {
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(fewestCharacters);
-    connect(this, &QComboBox::currentTextChanged, this, &QWidget::setToolTip);
+    connect(this, &QComboBox::currentTextChanged, this,
+            [this](const QString& text) { setToolTip(toolTipOf(text)); });
 }
 
 void ChoiceBox::setChoices(const QList<Choice>& choices, const QVariant& chosen)
@@ -24,7 +27,7 @@ void ChoiceBox::setChoices(const QList<Choice>& choices, const QVariant& chosen)
     clear();
     for (const auto& [text, value] : choices) {
         addItem(text.simplified(), value);
-        setItemData(count() - 1, text, Qt::ToolTipRole);
+        setItemData(count() - 1, toolTipOf(text), Qt::ToolTipRole);
     }
     const auto found = std::ranges::find(choices, chosen, &Choice::value);
     setCurrentIndex(found == choices.cend() ? 0 : static_cast<int>(found - choices.cbegin()));

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QStyle>
+#include <QTextDocument>
 
 namespace morvak {
 
@@ -21,6 +22,11 @@ QLabel* makeText(const QString& text, TextStyle style, Role role, bool wraps, QW
     label->setWordWrap(wraps);
     setTextLook(*label, style, role);
     return label;
+}
+
+QString toolTipOf(const QString& text)
+{
+    return text.isEmpty() ? QString() : Qt::convertFromPlainText(text);
 }
 
 }  // namespace morvak

@@ -3,8 +3,9 @@
 #include "ui/theme/Colors.h"
 #include "ui/theme/Fonts.h"
 
+#include <QString>
+
 class QLabel;
-class QString;
 class QWidget;
 
 namespace morvak {
@@ -16,5 +17,8 @@ void setTextLook(QLabel& label, TextStyle style, Role role = Role::text);
 /// A plain-text label, selectable by nobody, that breaks its lines when `wraps`.
 [[nodiscard]] QLabel* makeText(const QString& text, TextStyle style, Role role = Role::text,
                                bool wraps = false, QWidget* parent = nullptr);
+
+/// A text of the user's as a tooltip shows it word for word, whatever tags it holds.
+[[nodiscard]] QString toolTipOf(const QString& text);
 
 }  // namespace morvak

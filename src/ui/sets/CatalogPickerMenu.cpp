@@ -1,6 +1,7 @@
 #include "ui/sets/CatalogPickerMenu.h"
 
 #include "catalog/ProductCatalog.h"
+#include "ui/blocks/TextLook.h"
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ QString menuText(const QString& name, const QFontMetrics& metrics)
 void addLabel(QAction& action, const QString& name, const QFontMetrics& metrics)
 {
     action.setText(menuText(name, metrics));
-    action.setToolTip(name);
+    action.setToolTip(toolTipOf(name));
 }
 
 QAction* addEntry(QMenu& menu, const QString& name)

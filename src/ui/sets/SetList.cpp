@@ -1,5 +1,6 @@
 #include "ui/sets/SetList.h"
 
+#include "ui/blocks/TextLook.h"
 #include "ui/sets/SetListModel.h"
 #include "ui/theme/Theme.h"
 
@@ -7,7 +8,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTextDocument>
 #include <QToolTip>
 
 #include <utility>
@@ -200,8 +200,7 @@ bool SetList::viewportEvent(QEvent* event)
         return QListView::viewportEvent(event);
     const auto* const help = static_cast<QHelpEvent*>(event);
     const QString text = toolTipAt(help->pos());
-    QToolTip::showText(help->globalPos(), text.isEmpty() ? QString() : Qt::convertFromPlainText(text),
-                       viewport());
+    QToolTip::showText(help->globalPos(), toolTipOf(text), viewport());
     return true;
 }
 

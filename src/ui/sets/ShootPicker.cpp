@@ -1,6 +1,7 @@
 #include "ui/sets/ShootPicker.h"
 
 #include "store/ShootManager.h"
+#include "ui/blocks/TextLook.h"
 
 #include <QStylePainter>
 #include <QUuid>
@@ -61,8 +62,8 @@ void ShootPicker::showShoots()
             addItem(QString());
         if (itemText(row) != shoot.name)
             setItemText(row, shoot.name);
-        if (itemData(row, Qt::ToolTipRole).toString() != shoot.name)
-            setItemData(row, shoot.name, Qt::ToolTipRole);
+        if (const QString whole = toolTipOf(shoot.name); itemData(row, Qt::ToolTipRole).toString() != whole)
+            setItemData(row, whole, Qt::ToolTipRole);
         if (itemData(row).toUuid() != shoot.id)
             setItemData(row, shoot.id);
         if (current < 0 && m_shoots.activeShootId() == shoot.id)
@@ -73,7 +74,7 @@ void ShootPicker::showShoots()
     if (currentIndex() != current)
         setCurrentIndex(current);
     setEnabled(count() > 0);
-    setToolTip(currentText());
+    setToolTip(toolTipOf(currentText()));
 }
 
 }  // namespace morvak

@@ -1,9 +1,9 @@
 #include "ui/watch/PathField.h"
 
+#include "ui/blocks/TextLook.h"
 #include "ui/theme/Colors.h"
 
 #include <QStyle>
-#include <QTextDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +22,7 @@ void PathField::setPath(const QString& path, const QString& placeholder)
 {
     m_path = path;
     m_placeholder = placeholder;
-    setToolTip(path.isEmpty() ? QString() : Qt::convertFromPlainText(path));  // a path may look like a tag
+    setToolTip(toolTipOf(path));
     setAccessibleDescription(path);
     setFocusPolicy(path.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
     const QString role = nameOf(path.isEmpty() ? Role::secondary : Role::text);
