@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 #include <utility>
 
@@ -24,6 +25,13 @@ bool takesText(const QWidget& widget)
 {
     return widget.testAttribute(Qt::WA_InputMethodEnabled) &&
            !qobject_cast<const QAbstractItemView*>(&widget);
+}
+
+/// A field that has the focus and no text is not being edited yet.
+bool isBeingEdited(const QWidget& widget)
+{
+    const auto* const field = qobject_cast<const QLineEdit*>(&widget);
+    return takesText(widget) && !(field && field->text().isEmpty());
 }
 
 }  // namespace
@@ -85,7 +93,14 @@ bool ScanWatch::catchesFor(const QObject* receiver) const
 {
     const QWidget* const widget = target();
     return receiver == widget && !QApplication::activePopupWidget() &&
-           (widget == &m_field || m_burst.isCaught() || !takesText(*widget));
+           (widget == &m_field || m_burst.isCaught() || !isBeingEdited(*widget));
+}
+
+ScannerBurst::Place ScanWatch::placeOf(const QWidget& widget) const
+{
+    return &widget == &m_field ? ScannerBurst::Place::scanField
+           : takesText(widget) ? ScannerBurst::Place::textField
+                               : ScannerBurst::Place::elsewhere;
 }
 
 /// What may be a scanner's comes as a key, never as a shortcut.
@@ -123,8 +138,7 @@ bool ScanWatch::take(const QObject* receiver, const ScanKey& key, quint64 stamp,
     }
     if (m_burst.isIdle())
         m_before = m_field.state();
-    const auto place = receiver == &m_field ? ScannerBurst::Place::scanField : ScannerBurst::Place::elsewhere;
-    const ScannerBurst::Fate fate = m_burst.press(key, time, place);
+    const ScannerBurst::Fate fate = m_burst.press(key, time, placeOf(*target()));
     if (fate == ScannerBurst::Fate::hold)
         m_held.emplace_back(event.clone());
     if (m_burst.isCaught()) {

@@ -20,8 +20,9 @@ namespace morvak {
 /// Catches what a scanner types anywhere in a window, before the widget that has the focus sees it, and shows
 /// it in the scan field; what a person types reaches its widget.
 ///
-/// Nothing is caught while text is typed into another field, while a sheet, a menu or a popup is open, or in
-/// other windows. Main thread; the window and the field, which stands in it, outlive this.
+/// Nothing is caught while another field is edited, which one without text is not yet, while a sheet, a menu
+/// or a popup is open, or in other windows. Main thread; the window and the field, which stands in it,
+/// outlive this.
 class ScanWatch final : public QObject {
     Q_OBJECT
 
@@ -37,6 +38,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] QWidget* target() const;
+    [[nodiscard]] ScannerBurst::Place placeOf(const QWidget& widget) const;
     [[nodiscard]] bool catchesFor(const QObject* receiver) const;
     [[nodiscard]] bool keepFromShortcuts(QKeyEvent& event) const;
     [[nodiscard]] bool takePress(const QObject* receiver, const QKeyEvent& event);

@@ -15,7 +15,7 @@ constexpr ScannerBurst::Time longestStutter = 75ms;  // of a scanner; hardly a p
 constexpr int slowStepWeight = 3;
 constexpr ScannerBurst::Time burstEnd = 150ms;
 
-// Two keys at once are a fast hand. In the scan field a hand may roll more of them, and Return with them; the
+// Two keys at once are a fast hand. In a field a hand may roll more of them, and Return with them; the
 // shortest set text has five.
 constexpr int fewestElsewhere = 3;
 constexpr int fewestInField = 5;
@@ -56,7 +56,7 @@ ScannerBurst::Fate ScannerBurst::press(const ScanKey& key, Time time, Place plac
         return Fate::pass;
     count(key);
     append(key);
-    const int fewest = place == Place::scanField ? fewestInField : fewestElsewhere;
+    const int fewest = place == Place::elsewhere ? fewestElsewhere : fewestInField;
     m_isCaught = m_isCaught || (m_fastSteps + 1 >= fewest && m_fastSteps >= m_doubts);
     if (!m_isCaught)
         return passOrHold(key, place);

@@ -21,7 +21,11 @@ public:
     using Time = std::chrono::milliseconds;
 
     /// Where a key goes that is not held back.
-    enum class Place { scanField, elsewhere };
+    enum class Place {
+        scanField,
+        textField,  ///< another one, without text
+        elsewhere,
+    };
 
     enum class Verdict {
         nothing,
