@@ -376,10 +376,10 @@ void TestSetsActions::searchIsUsedByKeys()
     const auto focused = [] { return QApplication::focusWidget(); };
     QCOMPARE(focused()->objectName(), u"searchField"_s);
     QTest::keyClicks(focused(), u"zzz"_s);
-    QVERIFY(studio.button(u"showAllSets"_s).isVisible());
+    QTRY_VERIFY(studio.button(u"showAllSets"_s).isVisible());
     QTest::keyClick(focused(), Qt::Key_Escape);
     QTest::keyClicks(focused(), u"noord"_s);
-    QVERIFY(studio.button(u"clearSearch"_s).isVisible());
+    QTRY_VERIFY(studio.button(u"clearSearch"_s).isVisible());
     QTest::keyClick(focused(), Qt::Key_Down);
     QCOMPARE(focused()->objectName(), u"setList"_s);
     QTest::keyClick(focused(), Qt::Key_Return);

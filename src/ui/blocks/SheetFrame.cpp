@@ -82,6 +82,12 @@ SheetFrame::SheetFrame(const QString& title, QWidget* window)
     }
 }
 
+/// The focus leaves the sheet as it goes.
+SheetFrame::~SheetFrame()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QPushButton* SheetFrame::setPrimaryButton(const QString& label)
 {
     Q_ASSERT(!m_primary);

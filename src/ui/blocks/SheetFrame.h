@@ -22,6 +22,7 @@ class SheetFrame : public QDialog {
 
 public:
     SheetFrame(const QString& title, QWidget* window);
+    ~SheetFrame() override;
 
     /// Where the content goes, from top to bottom.
     [[nodiscard]] QVBoxLayout* content() const { return m_content; }

@@ -26,21 +26,24 @@ char32_t swapped(char32_t c)
     return back == c ? other : c;
 }
 
-bool typedWithCapsLock(const QString& text)
+/// The set-text keys of its lines, as they stand there.
+QStringList setTextKeysIn(const QString& text)
 {
-    bool hasKeys = false;
+    QStringList keys;
     for (const QStringView line : cutAtLineBreaks(text)) {
         const std::optional<SplitText> parts = splitOnce(trimmed(line), u':');
-        if (!parts)
-            continue;
-        const QString key = trimmed(parts->first).toString();
-        if (!setTextKeys().contains(key.toUpper()))
-            continue;
-        if (key != key.toLower())
-            return false;
-        hasKeys = true;
+        const QString key = parts ? trimmed(parts->first).toString() : QString();
+        if (setTextKeys().contains(key.toUpper()))
+            keys.append(key);
     }
-    return hasKeys;
+    return keys;
+}
+
+bool typedWithCapsLock(const QString& text)
+{
+    const QStringList keys = setTextKeysIn(text);
+    return !keys.isEmpty() &&
+           std::all_of(keys.begin(), keys.end(), [](const QString& key) { return key == key.toLower(); });
 }
 
 }  // namespace
@@ -51,6 +54,11 @@ bool isScan(const QString& text)
         return true;
     const std::optional<SplitText> parts = splitOnce(trimmed(text), u':');
     return parts && parts->second;
+}
+
+bool isSetText(const QString& text)
+{
+    return !setTextKeysIn(text).isEmpty();
 }
 
 QString withoutCapsLock(const QString& text)

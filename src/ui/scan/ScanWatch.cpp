@@ -136,12 +136,15 @@ bool ScanWatch::take(const QObject* receiver, const ScanKey& key, quint64 stamp,
         releaseHeld();
         return true;
     }
-    if (m_burst.isIdle())
+    const ScannerBurst::Place place = placeOf(*target());
+    if (m_burst.isIdle()) {
         m_before = m_field.state();
-    const ScannerBurst::Fate fate = m_burst.press(key, time, placeOf(*target()));
-    if (fate == ScannerBurst::Fate::hold)
+        m_isForField = place == ScannerBurst::Place::textField;
+    }
+    const ScannerBurst::Fate fate = m_burst.press(key, time, place);
+    if (fate != ScannerBurst::Fate::pass)
         m_held.emplace_back(event.clone());
-    if (m_burst.isCaught()) {
+    if (m_burst.isCaught() && !m_isForField) {
         m_held.clear();
         m_show.ask();
     }
@@ -195,6 +198,11 @@ void ScanWatch::releaseHeld()
 
 void ScanWatch::finish(const QString& text)
 {
+    if (m_isForField && !isSetText(text)) {
+        releaseHeld();
+        return;
+    }
+    m_held.clear();
     if (isScan(text)) {
         m_field.setState(m_before);
         Q_EMIT scanned(withoutCapsLock(text));
@@ -207,6 +215,7 @@ void ScanWatch::finish(const QString& text)
 void ScanWatch::giveUp()
 {
     if (m_burst.isCaught()) {
+        m_held.clear();
         m_field.showScan(m_before, m_burst.takeText());
         diagnostic(QStringLiteral("⚠️ Scan afgebroken: het venster is niet meer actief"));
         wait();

@@ -20,9 +20,9 @@ namespace morvak {
 /// Catches what a scanner types anywhere in a window, before the widget that has the focus sees it, and shows
 /// it in the scan field; what a person types reaches its widget.
 ///
-/// Nothing is caught while another field is edited, which one without text is not yet, while a sheet, a menu
-/// or a popup is open, or in other windows. Main thread; the window and the field, which stands in it,
-/// outlive this.
+/// Nothing is caught while another field is edited (one without text is not yet, but gets what is no set
+/// text), while a sheet, a menu or a popup is open, or in other windows. Main thread; the window and the
+/// field, which stands in it, outlive this.
 class ScanWatch final : public QObject {
     Q_OBJECT
 
@@ -56,6 +56,7 @@ private:
     ScannerBurst m_burst;
     std::vector<std::unique_ptr<QEvent>> m_held;  // in their order, for the widget that has the focus
     bool m_isReleasing = false;
+    bool m_isForField = false;  // another one than the scan field, unless what comes is set text
     ScanField::State m_before;  // of the scan field, when the first key came
     CoalescedCall m_show;
     QTimer m_silence;
