@@ -28,10 +28,12 @@ QString usualFolder(const QString& lastFolder)
     return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
 }
 
-std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title, const QString& lastFolder)
+std::unique_ptr<QFileDialog> fileDialog(QWidget* parent, const QString& title, const QString& lastFolder,
+                                        QFileDialog::AcceptMode mode = QFileDialog::AcceptOpen)
 {
     auto dialog = std::make_unique<QFileDialog>(parent, title, usualFolder(lastFolder));
     dialog->setWindowModality(Qt::WindowModal);
+    dialog->setAcceptMode(mode);  // sets labels of its own
     dialog->setLabelText(QFileDialog::Reject, DesktopDialogs::tr("Annuleer"));
     dialog->setLabelText(QFileDialog::LookIn, DesktopDialogs::tr("In:"));
     dialog->setLabelText(QFileDialog::FileName, DesktopDialogs::tr("Naam:"));
@@ -73,8 +75,7 @@ QString DesktopDialogs::openFile(QWidget* parent, const QString& title, const QS
 QString DesktopDialogs::saveFile(QWidget* parent, const QString& title, const QString& proposedName,
                                  const QString& filter, const QString& extension)
 {
-    const auto dialog = fileDialog(parent, title, m_lastFolder);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    const auto dialog = fileDialog(parent, title, m_lastFolder, QFileDialog::AcceptSave);
     dialog->setNameFilter(filter);
     dialog->setLabelText(QFileDialog::Accept, tr("Bewaar"));
     dialog->selectFile(asFileName(proposedName));
