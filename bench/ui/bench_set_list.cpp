@@ -6,6 +6,7 @@
 
 #include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
+#include "support/FigureTable.h"
 #include "ui/DesktopDialogs.h"
 #include "ui/UiServices.h"
 #include "ui/sets/SetsView.h"
@@ -15,6 +16,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -57,9 +59,24 @@ public:
             "%5lld sets, %-20s ms: median %6.2f, worst %6.2f; of the processor %6.2f, %6.2f (%zu times)\n",
             static_cast<long long>(sets), what, m_walls[middle], m_walls.back(), m_processors[middle],
             m_processors.back(), m_walls.size());
+        const double median = m_walls[middle];
+        if (sets == fewSets)
+            s_few.insert(QLatin1String(what), median);
+        else
+            addToTable(QLatin1String(what), median, sets);
     }
 
 private:
+    void addToTable(const QString& what, double median, qsizetype sets) const
+    {
+        const auto told = [](double ms) { return u"%1 ms"_s.arg(ms, 0, 'f', 1); };
+        const double few = s_few.value(what);
+        bench::addFigure(
+            u"Sets tab with %1 sets, %2: median (worst: %3)"_s.arg(sets).arg(what, told(m_walls.back())),
+            told(median), bench::Comparison{u"with %1 sets"_s.arg(fewSets), told(few), median / few});
+    }
+
+    static inline QHash<QString, double> s_few;  // medians, by what was measured
     QElapsedTimer m_wall;
     std::clock_t m_processor = 0;
     std::vector<double> m_walls;
