@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 #include "metadata/ExifToolService.h"
+#include "support/PrivateUpdates.h"
 #include "support/TestMain.h"
 #include "ui/sets/ScanBar.h"
 #include "update/UpdateChecker.h"
@@ -50,16 +51,9 @@ public:
     }
 
 private:
-    static UpdateConfig privateConfig(const QString& preferences)
-    {
-        UpdateConfig config;
-        config.preferencesPath = preferences;
-        return config;
-    }
-
     QTemporaryDir m_root;
     ExifToolService m_exifTool;
-    UpdateChecker m_updates{privateConfig(m_root.filePath(u"preferences"_s))};
+    UpdateChecker m_updates{test::privateUpdates(m_root.filePath(u"preferences"_s))};
 };
 
 QString headlineIn(const QString& photo)

@@ -5,6 +5,7 @@
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/Files.h"
+#include "support/PrivateUpdates.h"
 #include "support/TestMain.h"
 #include "ui/ScannerKeys.h"
 #include "update/UpdateChecker.h"
@@ -99,16 +100,9 @@ public:
     }
 
 private:
-    static UpdateConfig privateConfig(const QString& preferences)
-    {
-        UpdateConfig config;
-        config.preferencesPath = preferences;
-        return config;
-    }
-
     QTemporaryDir m_root;
     ExifToolService m_exifTool;
-    UpdateChecker m_updates{privateConfig(path(u"preferences"_s))};
+    UpdateChecker m_updates{test::privateUpdates(path(u"preferences"_s))};
     Composition m_morvak{{.exifTool = m_exifTool,
                           .updates = m_updates,
                           .storeFile = path(u"shoots.json"_s),

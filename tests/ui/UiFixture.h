@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalog/ProductCatalog.h"
+#include "support/PrivateUpdates.h"
 #include "ui/Dialogs.h"
 #include "ui/UiServices.h"
 #include "ui/theme/Theme.h"
@@ -53,7 +54,7 @@ class UiFixture : public WatcherFixture {
 public:
     Theme theme;
     ScriptedDialogs dialogs;
-    UpdateChecker updates{privateConfig(data.filePath(QStringLiteral("preferences")))};
+    UpdateChecker updates{privateUpdates(data.filePath(QStringLiteral("preferences")))};
     int toolStarts = 0;
     ProductCatalog catalog{data.filePath(QStringLiteral("catalog.json"))};
     QList<SubjectAndDate> taggedPhotos;  ///< what the tool reads from whatever folder
@@ -68,14 +69,6 @@ public:
                   [] {},
                   [this](const QString&, const QSet<QString>&) { return taggedPhotos; },
                   [](const QUrl&) {}};
-
-private:
-    static UpdateConfig privateConfig(const QString& preferences)
-    {
-        UpdateConfig config;
-        config.preferencesPath = preferences;
-        return config;
-    }
 };
 
 /// What the labels and buttons of a screen say that are not hidden in it.
