@@ -5,12 +5,13 @@
 //   bench_set_list [sets=2000] [runs=9]
 
 #include "catalog/ProductCatalog.h"
+#include "rename/RawRenameService.h"
 #include "store/ShootManager.h"
 #include "support/FigureTable.h"
-#include "ui/DesktopDialogs.h"
-#include "ui/UiServices.h"
+#include "ui/base/DesktopDialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/sets/SetsView.h"
-#include "ui/theme/Theme.h"
 #include "update/UpdateChecker.h"
 #include "watch/FolderWatcher.h"
 
@@ -229,6 +230,7 @@ int main(int argc, char** argv)
     for (const int count : {fewSets, many}) {
         ShootManager shoots(folder.filePath(u"%1/shoots.json"_s.arg(count)));
         fill(shoots, count);
+        const RawRenameService rename({});
         UiServices services{.shoots = shoots,
                             .watcher = watcher,
                             .catalog = catalog,
@@ -238,7 +240,7 @@ int main(int argc, char** argv)
                             .version = u"0"_s,
                             .startTool = [] {},
                             .stopTool = [] {},
-                            .readSubjectsAndDates = {},
+                            .rename = rename,
                             .openInBrowser = [](const QUrl&) {}};
         measureOpening(services, runs, count);
         measureSearching(services, runs, count);

@@ -1,7 +1,7 @@
 // How long it takes to look through a folder of photos that all carry a headline, and what that does to a new
 // photo. Machines are noisy: compare the ratios within one run.
 
-#include "app/WatcherWiring.h"
+#include "engine/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"

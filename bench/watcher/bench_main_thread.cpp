@@ -5,17 +5,18 @@
 //
 //   bench_main_thread [photos=1000]
 
-#include "app/WatcherWiring.h"
 #include "catalog/ProductCatalog.h"
+#include "engine/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Signals.h"
+#include "rename/RawRenameService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "store/ShootManager.h"
 #include "support/FigureTable.h"
-#include "ui/DesktopDialogs.h"
-#include "ui/UiServices.h"
+#include "ui/base/DesktopDialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/main/MainView.h"
-#include "ui/theme/Theme.h"
 #include "update/UpdateChecker.h"
 #include "watch/FolderWatcher.h"
 
@@ -143,6 +144,7 @@ int main(int argc, char** argv)
     UpdateConfig updateConfig;
     updateConfig.preferencesPath = folder.filePath(QStringLiteral("preferences"));
     UpdateChecker updates(updateConfig);
+    const RawRenameService rename({});
     UiServices services{.shoots = store,
                         .watcher = watcher,
                         .catalog = catalog,
@@ -152,7 +154,7 @@ int main(int argc, char** argv)
                         .version = QStringLiteral("0"),
                         .startTool = [] {},
                         .stopTool = [] {},
-                        .readSubjectsAndDates = {},
+                        .rename = rename,
                         .openInBrowser = [](const QUrl&) {}};
     MainView window(services);
     window.show();

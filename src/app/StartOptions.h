@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/theme/Theme.h"
+#include "ui/base/theme/Theme.h"
 
 #include <QStringList>
 

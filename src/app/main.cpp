@@ -1,11 +1,13 @@
-#include "app/Composition.h"
+#include "app/Desktop.h"
 #include "app/SessionEnd.h"
 #include "app/StartOptions.h"
+#include "engine/Engine.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Diagnostics.h"
 #include "platform/Signals.h"
 #include "platform/SingleInstance.h"
 #include "platform/UserFolders.h"
+#include "ui/base/theme/Theme.h"
 #include "update/UpdateChecker.h"
 
 #include <QApplication>
@@ -17,6 +19,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <thread>
 
 #include <unistd.h>
@@ -74,38 +77,62 @@ int answer(const StartAnswer& answer)
     return answer.exitCode;
 }
 
-int run(const StartOptions& options, bool unseen, SingleInstance& instance)
-{
-    const bool isSeen = QGuiApplication::platformName() != u"offscreen"_s;
-    Composition morvak({.exifTool = ExifToolService::shared(),
-                        .updates = UpdateChecker::shared(),
-                        .storeFile = storeFolder() + u"/shoots.json"_s,
-                        .catalogFile = storeFolder() + u"/catalog.json"_s,
-                        .version = QStringLiteral(MORVAK_VERSION),
-                        .checksForUpdates = isSeen});
-    QObject::connect(&morvak, &Composition::quitAsked, qApp, [] { QCoreApplication::exit(); });
-    QObject::connect(&instance, &SingleInstance::activationAsked, &morvak, &Composition::bringToFront);
-    QObject::connect(&instance, &SingleInstance::filesHandedOver, &morvak,
-                     [&morvak](const QStringList& files) {
-                         morvak.bringToFront();
-                         morvak.openShootFiles(files);
-                     });
+using OpenFiles = std::function<void(const QStringList&)>;
 
-    morvak.start();
-    if (unseen)
-        morvak.runUnseen();
-    else
-        morvak.showWindows(options.theme.value_or(Theme::Choice::system));
+/// From here on things happen: scans, and the files of this start.
+int runEventLoop(Engine& engine, const StartOptions& options, const OpenFiles& openFiles)
+{
     if (options.scanStdin)
-        morvak.readScans(STDIN_FILENO);
-    // With the event loop running, for a file that cannot be read is told of in a dialog.
-    QTimer::singleShot(0, &morvak, [&morvak, &options] {
-        morvak.openShootFiles(options.files);
+        engine.readScans(STDIN_FILENO);
+    // Within the event loop, because a file that cannot be read is reported in a dialog.
+    QTimer::singleShot(0, &engine, [&options, &openFiles] {
+        openFiles(options.files);
         if (options.exitAfterStartup)
             QCoreApplication::exit();
     });
-    const int status = QApplication::exec();
-    morvak.quit();
+    return QApplication::exec();
+}
+
+int runUnseen(Engine& engine, const StartOptions& options, SingleInstance& instance)
+{
+    const OpenFiles openFiles = [&engine](const QStringList& files) { engine.openShootFiles(files); };
+    QObject::connect(&instance, &SingleInstance::filesHandedOver, &engine, openFiles);
+    engine.runUnseen();
+    return runEventLoop(engine, options, openFiles);
+}
+
+int runInWindows(Engine& engine, const StartOptions& options, SingleInstance& instance)
+{
+    UpdateChecker& updates = UpdateChecker::shared();
+    if (QGuiApplication::platformName() != u"offscreen"_s)  // nobody would see what it finds
+        updates.start();
+    Theme theme;
+    theme.setChoice(options.theme.value_or(Theme::Choice::system));
+    Desktop desktop(
+        {.engine = engine, .updates = updates, .theme = theme, .version = QStringLiteral(MORVAK_VERSION)});
+    QObject::connect(&desktop, &Desktop::quitAsked, qApp, [] { QCoreApplication::exit(); });
+    QObject::connect(&instance, &SingleInstance::activationAsked, &desktop, &Desktop::bringToFront);
+    QObject::connect(&instance, &SingleInstance::filesHandedOver, &desktop,
+                     [&desktop](const QStringList& files) {
+                         desktop.bringToFront();
+                         desktop.openShootFiles(files);
+                     });
+    desktop.bringToFront();
+    const int status = runEventLoop(engine, options,
+                                    [&desktop](const QStringList& files) { desktop.openShootFiles(files); });
+    engine.prepareToQuit();  // nothing reaches the windows while they go
+    return status;
+}
+
+int run(const StartOptions& options, bool unseen, SingleInstance& instance)
+{
+    Engine engine({.exifTool = ExifToolService::shared(),
+                   .storeFile = storeFolder() + u"/shoots.json"_s,
+                   .catalogFile = storeFolder() + u"/catalog.json"_s});
+    engine.start();
+    const int status =
+        unseen ? runUnseen(engine, options, instance) : runInWindows(engine, options, instance);
+    engine.quit();
     return status;
 }
 

@@ -17,6 +17,13 @@ QStringList sortedByName(QStringList names)
     return names;
 }
 
+QStringList distinctByName(QStringList names)
+{
+    names.removeAll(QString());
+    names.removeDuplicates();
+    return sortedByName(names);
+}
+
 QString caseFolded(QStringView name)
 {
     QString folded;

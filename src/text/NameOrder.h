@@ -21,6 +21,9 @@ private:
 /// The names in that order; those that compare equal keep theirs. Any thread.
 [[nodiscard]] QStringList sortedByName(QStringList names);
 
+/// The names in that order, each once and empty ones left out. Any thread.
+[[nodiscard]] QStringList distinctByName(QStringList names);
+
 /// `name` with the simple case folding of Unicode: two names are the same but for case, whatever the locale,
 /// when these keys are equal; `QString::compare` with `Qt::CaseInsensitive` says the same. Any thread.
 [[nodiscard]] QString caseFolded(QStringView name);

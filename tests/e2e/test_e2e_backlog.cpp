@@ -1,4 +1,4 @@
-#include "app/WatcherWiring.h"
+#include "engine/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"

@@ -1,4 +1,5 @@
-#include "app/Composition.h"
+#include "app/Desktop.h"
+#include "engine/Engine.h"
 #include "metadata/ExifToolService.h"
 #include "rename/RawRenameTask.h"
 #include "sampleshoot/CardPhoto.h"
@@ -6,8 +7,9 @@
 #include "sampleshoot/SampleShoot.h"
 #include "support/Files.h"
 #include "support/PrivateUpdates.h"
+#include "support/ScannerKeys.h"
 #include "support/TestMain.h"
-#include "ui/ScannerKeys.h"
+#include "ui/base/theme/Theme.h"
 #include "update/UpdateChecker.h"
 
 #include <QDir>
@@ -30,15 +32,15 @@ public:
     Station()
     {
         QDir(m_root.path()).mkdir(u"capture"_s);
-        m_morvak.start();
-        m_morvak.showWindows(Theme::Choice::light);
+        m_engine.start();
+        m_desktop.bringToFront();
         m_keys.emplace(window());
     }
-    ~Station() { m_morvak.quit(); }
+    ~Station() { m_engine.quit(); }
 
-    [[nodiscard]] ShootManager& shoots() { return m_morvak.shoots(); }
-    [[nodiscard]] FolderWatcher& watcher() { return m_morvak.watcher(); }
-    [[nodiscard]] MainView& window() { return m_morvak.shell()->mainView(); }
+    [[nodiscard]] ShootManager& shoots() { return m_engine.shoots(); }
+    [[nodiscard]] FolderWatcher& watcher() { return m_engine.watcher(); }
+    [[nodiscard]] MainView& window() { return m_desktop.shell().mainView(); }
     [[nodiscard]] QString path(const QString& name) const { return m_root.filePath(name); }
     [[nodiscard]] QString capture() const { return path(u"capture"_s); }
 
@@ -50,7 +52,7 @@ public:
         for (const SetData& set : sets)
             office.addSet(*office.activeShootId(), set);
         writeFile(path(u"Ibiza.morvak"_s), *office.exportJSON(*office.activeShootId()));
-        m_morvak.openShootFiles({path(u"Ibiza.morvak"_s)});
+        m_desktop.openShootFiles({path(u"Ibiza.morvak"_s)});
     }
 
     void scan(const SetData& card)
@@ -103,12 +105,11 @@ private:
     QTemporaryDir m_root;
     ExifToolService m_exifTool;
     UpdateChecker m_updates{test::privateUpdates(path(u"preferences"_s))};
-    Composition m_morvak{{.exifTool = m_exifTool,
-                          .updates = m_updates,
-                          .storeFile = path(u"shoots.json"_s),
-                          .catalogFile = path(u"catalog.json"_s),
-                          .version = u"1.0.0"_s,
-                          .checksForUpdates = false}};
+    Theme m_theme;
+    Engine m_engine{{.exifTool = m_exifTool,
+                     .storeFile = path(u"shoots.json"_s),
+                     .catalogFile = path(u"catalog.json"_s)}};
+    Desktop m_desktop{{.engine = m_engine, .updates = m_updates, .theme = m_theme, .version = u"1.0.0"_s}};
     std::optional<ScannerKeys> m_keys;
 };
 

@@ -1,6 +1,6 @@
 #include "FaultRounds.h"
 #include "MorvakRun.h"
-#include "app/WatcherWiring.h"
+#include "engine/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/PictureData.h"

@@ -1,5 +1,5 @@
-#include "WatcherFixture.h"
 #include "support/TestMain.h"
+#include "support/WatcherFixture.h"
 
 #include <QSignalSpy>
 

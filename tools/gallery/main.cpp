@@ -1,7 +1,7 @@
 #include "Gallery.h"
-#include "ui/DesktopDialogs.h"
-#include "ui/blocks/SheetFrame.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/DesktopDialogs.h"
+#include "ui/base/blocks/SheetFrame.h"
+#include "ui/base/theme/Theme.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -3,7 +3,7 @@
 #include "catalog/ProductCatalog.h"
 #include "store/ShootFile.h"
 #include "store/ShootManager.h"
-#include "ui/UiServices.h"
+#include "ui/base/UiServices.h"
 #include "watch/FolderWatcher.h"
 
 #include <QColor>

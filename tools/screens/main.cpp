@@ -3,9 +3,11 @@
 
 #include "MadeUpShoot.h"
 #include "catalog/ProductCatalog.h"
+#include "rename/RawRenameService.h"
 #include "store/ShootManager.h"
-#include "ui/DesktopDialogs.h"
-#include "ui/UiServices.h"
+#include "ui/base/DesktopDialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/catalog/CatalogImportSheet.h"
 #include "ui/catalog/CatalogSheet.h"
 #include "ui/catalog/ClientsSheet.h"
@@ -17,9 +19,8 @@
 #include "ui/qr/QRSheet.h"
 #include "ui/sets/CatalogPickerMenu.h"
 #include "ui/sets/ImportSheet.h"
-#include "ui/sets/NewShootSheet.h"
 #include "ui/sets/SetSheet.h"
-#include "ui/theme/Theme.h"
+#include "ui/shoots/NewShootSheet.h"
 #include "update/UpdateChecker.h"
 #include "watch/FolderWatcher.h"
 
@@ -73,7 +74,7 @@ public:
           m_watcher(quietServices()),
           m_updates(knownUpdate(m_data.filePath(u"preferences"_s))),
           m_services{m_shoots, m_watcher, m_catalog, m_updates,         theme, m_dialogs, u"1.0.0"_s,
-                     [] {},    [] {},     {},        [](const QUrl&) {}}
+                     [] {},    [] {},     m_rename,  [](const QUrl&) {}}
     {
         fillIn(m_services, amount);
         m_prefix = u"%1-%2"_s.arg(theme.scheme() == Scheme::dark ? u"dark"_s : u"light"_s, nameOf(amount));
@@ -152,6 +153,7 @@ private:
     FolderWatcher m_watcher;
     UpdateChecker m_updates;
     DesktopDialogs m_dialogs;
+    RawRenameService m_rename{{}};
     UiServices m_services;
     QString m_prefix;
 };

@@ -1,7 +1,7 @@
 #include "ui/catalog/CatalogImportSheet.h"
 
 #include "catalog/ProductCatalog.h"
-#include "ui/UiServices.h"
+#include "ui/base/UiServices.h"
 
 #include <QTimer>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/blocks/ImportFrame.h"
+#include "ui/base/blocks/ImportFrame.h"
 
 #include <chrono>
 

@@ -48,11 +48,4 @@ QStringList colorsOfText(const QString& text)
     return colors;
 }
 
-QStringList listedClients(const QStringList& known, const QStringList& listed)
-{
-    QStringList clients = known + listed;
-    clients.removeDuplicates();
-    return sortedByName(clients);
-}
-
 }  // namespace morvak

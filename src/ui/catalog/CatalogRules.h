@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/Product.h"
-#include "ui/blocks/ChoiceBox.h"
+#include "ui/base/blocks/ChoiceBox.h"
 
 #include <optional>
 
@@ -30,8 +30,5 @@ using BrandFilter = std::optional<QString>;
 [[nodiscard]] QString textOfColors(const QStringList& colors);
 /// The pieces between commas, trimmed, without empty ones.
 [[nodiscard]] QStringList colorsOfText(const QString& text);
-
-/// Both lists together, each name once, in the order of names.
-[[nodiscard]] QStringList listedClients(const QStringList& known, const QStringList& listed);
 
 }  // namespace morvak

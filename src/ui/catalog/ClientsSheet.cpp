@@ -1,15 +1,15 @@
 #include "ui/catalog/ClientsSheet.h"
 
 #include "catalog/ProductCatalog.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/EntryField.h"
-#include "ui/blocks/FormField.h"
-#include "ui/blocks/NoticeLine.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/catalog/CatalogRules.h"
+#include "text/NameOrder.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/EntryField.h"
+#include "ui/base/blocks/FormField.h"
+#include "ui/base/blocks/NoticeLine.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
 #include "ui/catalog/RowList.h"
 #include "ui/catalog/RowListModel.h"
-#include "ui/theme/Metrics.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -83,7 +83,7 @@ void ClientsSheet::addList(const Theme& theme)
 void ClientsSheet::showClients()
 {
     QList<ListedRow> rows;
-    for (const QString& name : listedClients(m_knownClients, m_catalog.allClientNames()))
+    for (const QString& name : distinctByName(m_knownClients + m_catalog.allClientNames()))
         rows.append({name, name, {}});
     m_clients->setRows(rows);
 }

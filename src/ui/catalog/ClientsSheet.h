@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/blocks/SheetFrame.h"
+#include "ui/base/blocks/SheetFrame.h"
 
 namespace morvak {
 

@@ -1,6 +1,6 @@
 #include "ui/catalog/EditProductSheet.h"
 
-#include "ui/blocks/FormField.h"
+#include "ui/base/blocks/FormField.h"
 #include "ui/catalog/CatalogRules.h"
 
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/Product.h"
-#include "ui/blocks/SheetFrame.h"
+#include "ui/base/blocks/SheetFrame.h"
 
 class QLineEdit;
 

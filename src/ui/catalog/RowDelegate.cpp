@@ -1,8 +1,8 @@
 #include "ui/catalog/RowDelegate.h"
 
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/catalog/RowListModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QPainter>
 

@@ -1,9 +1,9 @@
 #include "ui/catalog/RowList.h"
 
-#include "ui/blocks/TextLook.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/catalog/RowListModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QHelpEvent>
 #include <QLabel>

@@ -1,14 +1,14 @@
 #include "ui/main/HeaderBar.h"
 
 #include "store/ShootManager.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/ElidedLabel.h"
-#include "ui/blocks/StatBadge.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/ElidedLabel.h"
+#include "ui/base/blocks/StatBadge.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/main/UpdateNotice.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
 #include <QHBoxLayout>

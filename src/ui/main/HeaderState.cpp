@@ -1,49 +1,18 @@
 #include "ui/main/HeaderState.h"
 
-#include "ui/sets/SetTexts.h"
+#include "actions/SetTexts.h"
 #include "ui/watch/LogText.h"
 
-#include <algorithm>
-
 namespace morvak {
-
-namespace {
-
-bool holds(const Shoot& shoot, QUuid setId)
-{
-    return std::ranges::any_of(shoot.sets, [setId](const SetData& set) { return set.id == setId; });
-}
-
-const Shoot* shootOf(const QList<Shoot>& shoots, std::optional<QUuid> id)
-{
-    const auto found = std::ranges::find_if(shoots, [id](const Shoot& shoot) { return shoot.id == id; });
-    return found == shoots.cend() ? nullptr : &*found;
-}
-
-const Shoot* shootWith(const QList<Shoot>& shoots, QUuid setId)
-{
-    const auto found =
-        std::ranges::find_if(shoots, [setId](const Shoot& shoot) { return holds(shoot, setId); });
-    return found == shoots.cend() ? nullptr : &*found;
-}
-
-bool isChanged(const Shoot& shoot, const SetData& tagging)
-{
-    const auto stored =
-        std::ranges::find_if(shoot.sets, [&tagging](const SetData& set) { return set.id == tagging.id; });
-    return stored->toQRText() != tagging.toQRText();
-}
-
-}  // namespace
 
 HeaderState HeaderText::of(const HeaderFacts& facts)
 {
     HeaderState state;
     state.isWatching = facts.watching == WatchState::watching;
     state.watching = watching(facts.watching);
-    state.hasSet = facts.taggingSet.has_value();
-    state.set = state.hasSet ? SetTexts::name(*facts.taggingSet) : tr("Geen actieve set");
-    state.difference = difference(facts);
+    state.hasSet = facts.tagging.set.has_value();
+    state.set = state.hasSet ? SetTexts::name(*facts.tagging.set) : tr("Geen actieve set");
+    state.difference = difference(facts.tagging);
     if (facts.lastFailure) {
         state.failure = clockTime(*facts.lastFailure) + u' ' + facts.lastFailure->message;
         state.failureRole = facts.lastFailure->type == LogType::error ? Role::danger : Role::warning;
@@ -60,26 +29,25 @@ QString HeaderText::watching(WatchState state)
     return state == WatchState::noFolder ? tr("Geen map") : tr("Gestopt");
 }
 
-QString HeaderText::difference(const HeaderFacts& facts)
+QString HeaderText::difference(const TaggedNow& tagging)
 {
-    if (!facts.taggingSet)
-        return {};
-    const SetData& tagging = *facts.taggingSet;
-    const Shoot* const active = shootOf(facts.shoots, facts.activeShootId);
-    if (active && holds(*active, tagging.id)) {
-        if (facts.activeSetId != tagging.id)
-            return tr("Foto’s krijgen %1, maar die set is in de lijst niet actief.")
-                .arg(SetTexts::name(tagging));
-        return isChanged(*active, tagging)
-                   ? tr("Foto’s krijgen %1 zoals de set was voor de wijziging. Activeer de set opnieuw.")
-                         .arg(SetTexts::name(tagging))
-                   : QString();
+    const QString name = tagging.set ? SetTexts::name(*tagging.set) : QString();
+    switch (tagging.difference) {
+        case TaggedNow::Difference::none:
+            return {};
+        case TaggedNow::Difference::notActive:
+            return tr("Foto’s krijgen %1, maar die set is in de lijst niet actief.").arg(name);
+        case TaggedNow::Difference::changed:
+            return tr("Foto’s krijgen %1 zoals de set was voor de wijziging. Activeer de set opnieuw.")
+                .arg(name);
+        case TaggedNow::Difference::elsewhere:
+            return tr("Foto’s krijgen %1 uit een andere shoot: %2.").arg(name, tagging.shootName);
+        case TaggedNow::Difference::unstored:
+            return tr("Foto’s krijgen %1. Zonder shoot wordt de set niet bewaard.").arg(name);
+        case TaggedNow::Difference::deleted:
+            return tr("Foto’s krijgen nog %1, maar die set is verwijderd.").arg(name);
     }
-    if (const Shoot* const other = shootWith(facts.shoots, tagging.id))
-        return tr("Foto’s krijgen %1 uit een andere shoot: %2.").arg(SetTexts::name(tagging), other->name);
-    if (facts.shoots.isEmpty())
-        return tr("Foto’s krijgen %1. Zonder shoot wordt de set niet bewaard.").arg(SetTexts::name(tagging));
-    return tr("Foto’s krijgen nog %1, maar die set is verwijderd.").arg(SetTexts::name(tagging));
+    Q_UNREACHABLE();
 }
 
 }  // namespace morvak

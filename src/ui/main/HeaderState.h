@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/Shoot.h"
-#include "ui/theme/Colors.h"
+#include "actions/TaggedNow.h"
+#include "ui/base/theme/Colors.h"
 #include "ui/watch/WatchState.h"
 #include "watch/LogEntry.h"
 
@@ -12,10 +12,7 @@ namespace morvak {
 /// What the header is told from.
 struct HeaderFacts {
     WatchState watching = WatchState::noFolder;
-    std::optional<SetData> taggingSet;  ///< the set that photos get
-    QList<Shoot> shoots;
-    std::optional<QUuid> activeShootId;
-    std::optional<QUuid> activeSetId;
+    TaggedNow tagging;
     std::optional<LogEntry> lastFailure;
 };
 
@@ -39,7 +36,7 @@ public:
 
 private:
     [[nodiscard]] static QString watching(WatchState state);
-    [[nodiscard]] static QString difference(const HeaderFacts& facts);
+    [[nodiscard]] static QString difference(const TaggedNow& tagging);
 };
 
 }  // namespace morvak

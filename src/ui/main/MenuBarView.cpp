@@ -1,14 +1,14 @@
 #include "ui/main/MenuBarView.h"
 
-#include "ui/UiServices.h"
-#include "ui/blocks/Buttons.h"
-#include "ui/blocks/StatusDot.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
+#include "actions/SetTexts.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/Buttons.h"
+#include "ui/base/blocks/StatusDot.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/main/UpdateNotice.h"
-#include "ui/sets/SetTexts.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
 #include <QCloseEvent>

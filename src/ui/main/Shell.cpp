@@ -1,9 +1,9 @@
 #include "ui/main/Shell.h"
 
-#include "ui/Dialogs.h"
-#include "ui/UiServices.h"
+#include "ui/base/Dialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/qr/QRGeneratorView.h"
-#include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
 #include <QCursor>
@@ -19,7 +19,12 @@ constexpr std::chrono::milliseconds samePress(300);
 }  // namespace
 
 Shell::Shell(UiServices& services, QObject* parent)
-    : QObject(parent), m_services(services), m_icon(Icons::tray()), m_main(services), m_panel(services)
+    : QObject(parent),
+      m_services(services),
+      m_icon(Icons::tray()),
+      m_tray({.hasTray = QSystemTrayIcon::isSystemTrayAvailable}),
+      m_main(services),
+      m_panel(services)
 {
     m_icon.setToolTip(QStringLiteral("Morvak"));
     m_icon.show();

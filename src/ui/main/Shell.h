@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/TrayPresence.h"
 #include "ui/main/MainView.h"
 #include "ui/main/MenuBarView.h"
-#include "ui/main/TrayPresence.h"
 
 #include <QElapsedTimer>
 #include <QSystemTrayIcon>

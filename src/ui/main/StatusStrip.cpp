@@ -1,11 +1,11 @@
 #include "ui/main/StatusStrip.h"
 
 #include "store/ShootManager.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/ElidedLabel.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/ElidedLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/watch/LogText.h"
 #include "watch/FolderWatcher.h"
 
@@ -82,10 +82,10 @@ HeaderFacts StatusStrip::facts() const
     const FolderWatcher& watcher = m_services.watcher;
     const ShootManager& shoots = m_services.shoots;
     return {.watching = watchState(watcher.watchPath(), watcher.isWatching(), watcher.folderMissing()),
-            .taggingSet = watcher.currentSet(),
-            .shoots = shoots.shoots(),
-            .activeShootId = shoots.activeShootId(),
-            .activeSetId = shoots.activeSetId(),
+            .tagging = taggedNow({.taggingSet = watcher.currentSet(),
+                                  .shoots = shoots.shoots(),
+                                  .activeShootId = shoots.activeShootId(),
+                                  .activeSetId = shoots.activeSetId()}),
             .lastFailure = newestFailure(watcher.log())};
 }
 

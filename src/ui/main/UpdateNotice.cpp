@@ -1,8 +1,8 @@
 #include "ui/main/UpdateNotice.h"
 
-#include "ui/UiServices.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "update/UpdateChecker.h"
 
 namespace morvak {

@@ -1,10 +1,10 @@
 #include "ui/manual/ManualView.h"
 
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/manual/ManualText.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

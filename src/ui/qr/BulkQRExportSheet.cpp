@@ -1,14 +1,14 @@
 #include "ui/qr/BulkQRExportSheet.h"
 
-#include "ui/Dialogs.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/NoticeLine.h"
-#include "ui/blocks/SegmentedSwitch.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/Dialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/NoticeLine.h"
+#include "ui/base/blocks/SegmentedSwitch.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/qr/SetChoiceList.h"
 #include "ui/qr/SetChoiceModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QFileInfo>
 #include <QLabel>

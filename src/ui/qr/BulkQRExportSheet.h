@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qr/CardExportTask.h"
-#include "ui/blocks/SheetFrame.h"
+#include "ui/base/blocks/SheetFrame.h"
 
 class QLabel;
 class QProgressBar;

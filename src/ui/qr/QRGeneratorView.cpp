@@ -1,18 +1,18 @@
 #include "ui/qr/QRGeneratorView.h"
 
-#include "ui/UiServices.h"
-#include "ui/blocks/Buttons.h"
-#include "ui/blocks/Card.h"
-#include "ui/blocks/FormField.h"
-#include "ui/blocks/NoticeLine.h"
-#include "ui/blocks/ReadableColumn.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/Buttons.h"
+#include "ui/base/blocks/Card.h"
+#include "ui/base/blocks/FormField.h"
+#include "ui/base/blocks/ItemRows.h"
+#include "ui/base/blocks/NoticeLine.h"
+#include "ui/base/blocks/ReadableColumn.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/qr/QROutput.h"
 #include "ui/qr/QRPreview.h"
 #include "ui/qr/QRTexts.h"
-#include "ui/sets/ItemRows.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QKeyEvent>
 #include <QLabel>

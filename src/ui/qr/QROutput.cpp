@@ -2,8 +2,8 @@
 
 #include "qr/QRGenerator.h"
 #include "qr/QRImageFile.h"
-#include "ui/Dialogs.h"
-#include "ui/blocks/NoticeLine.h"
+#include "ui/base/Dialogs.h"
+#include "ui/base/blocks/NoticeLine.h"
 #include "ui/qr/QRTexts.h"
 
 #include <QClipboard>

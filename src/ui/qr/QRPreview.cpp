@@ -1,8 +1,8 @@
 #include "ui/qr/QRPreview.h"
 
 #include "qr/QRGenerator.h"
-#include "ui/blocks/EmptyState.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/blocks/EmptyState.h"
+#include "ui/base/theme/Theme.h"
 
 #include <QPainter>
 #include <QStackedLayout>

@@ -1,14 +1,14 @@
 #include "ui/qr/QRSheet.h"
 
-#include "ui/UiServices.h"
-#include "ui/blocks/ElidedLabel.h"
-#include "ui/blocks/NoticeLine.h"
-#include "ui/blocks/TextLook.h"
+#include "actions/SetTexts.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/ElidedLabel.h"
+#include "ui/base/blocks/NoticeLine.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
 #include "ui/qr/QROutput.h"
 #include "ui/qr/QRPreview.h"
 #include "ui/qr/QRTexts.h"
-#include "ui/sets/SetTexts.h"
-#include "ui/theme/Metrics.h"
 
 #include <QPushButton>
 #include <QShortcut>

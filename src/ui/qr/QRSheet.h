@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/SetData.h"
-#include "ui/blocks/SheetFrame.h"
+#include "ui/base/blocks/SheetFrame.h"
 
 namespace morvak {
 

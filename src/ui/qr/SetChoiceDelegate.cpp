@@ -1,8 +1,8 @@
 #include "ui/qr/SetChoiceDelegate.h"
 
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/qr/SetChoiceModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QCheckBox>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 #include "ui/qr/SetChoiceModel.h"
 
+#include "actions/SetTexts.h"
 #include "ui/qr/QRTexts.h"
-#include "ui/sets/SetTexts.h"
 
 #include <QTextDocument>
 

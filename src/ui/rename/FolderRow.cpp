@@ -1,10 +1,10 @@
 #include "ui/rename/FolderRow.h"
 
-#include "ui/blocks/Buttons.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/theme/Metrics.h"
-#include "ui/watch/DroppedFolder.h"
-#include "ui/watch/PathField.h"
+#include "ui/base/blocks/Buttons.h"
+#include "ui/base/blocks/DroppedFolder.h"
+#include "ui/base/blocks/PathField.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
 
 #include <QDropEvent>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "ui/rename/RenameResultDelegate.h"
 
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/rename/RenameResultModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "rename/RawRenameSummary.h"
-#include "ui/theme/Colors.h"
+#include "ui/base/theme/Colors.h"
 
 #include <QCoreApplication>
 

@@ -2,21 +2,21 @@
 
 #include "platform/FileName.h"
 #include "platform/PhotoFile.h"
-#include "ui/Dialogs.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/Buttons.h"
-#include "ui/blocks/Card.h"
-#include "ui/blocks/CopyableList.h"
-#include "ui/blocks/ReadableColumn.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TaskProgress.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/Dialogs.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/Buttons.h"
+#include "ui/base/blocks/Card.h"
+#include "ui/base/blocks/CopyableList.h"
+#include "ui/base/blocks/ReadableColumn.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TaskProgress.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/rename/FolderRow.h"
 #include "ui/rename/RenameResultDelegate.h"
 #include "ui/rename/RenameResultModel.h"
 #include "ui/rename/RenameTexts.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
 #include <QEvent>
@@ -48,7 +48,7 @@ qsizetype photosIn(const QString& folder)
 RenameView::RenameView(UiServices& services, QWidget* parent)
     : QWidget(parent),
       m_services(services),
-      m_task(RawRenameService(services.readSubjectsAndDates)),
+      m_task(services.rename),
       m_column(new ReadableColumn(tr("Hernoemen"))),
       m_source(new FolderRow(tr("Bronmap"))),
       m_destination(new FolderRow(tr("Doelmap"))),

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ui/blocks/CoalescedCall.h"
+#include "ui/base/blocks/CoalescedCall.h"
 #include "ui/scan/KeyClock.h"
+#include "ui/scan/ScanField.h"
 #include "ui/scan/ScannerBurst.h"
-#include "ui/sets/ScanField.h"
 
 #include <QElapsedTimer>
 #include <QObject>

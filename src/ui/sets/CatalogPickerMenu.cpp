@@ -1,7 +1,7 @@
 #include "ui/sets/CatalogPickerMenu.h"
 
 #include "catalog/ProductCatalog.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/blocks/TextLook.h"
 
 #include <algorithm>
 

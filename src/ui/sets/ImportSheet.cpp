@@ -1,7 +1,7 @@
 #include "ui/sets/ImportSheet.h"
 
 #include "store/ShootManager.h"
-#include "ui/UiServices.h"
+#include "ui/base/UiServices.h"
 
 namespace morvak {
 

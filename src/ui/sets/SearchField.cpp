@@ -1,8 +1,8 @@
 #include "ui/sets/SearchField.h"
 
-#include "ui/blocks/IconButton.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/theme/Metrics.h"
+#include "ui/base/blocks/IconButton.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/theme/Metrics.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

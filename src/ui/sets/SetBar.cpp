@@ -1,12 +1,12 @@
 #include "ui/sets/SetBar.h"
 
-#include "ui/blocks/ElidedLabel.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/sets/SetTexts.h"
-#include "ui/sets/SetsButtons.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
+#include "actions/SetTexts.h"
+#include "ui/base/blocks/ElidedLabel.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
+#include "ui/shoots/SetsButtons.h"
 
 #include <QAbstractButton>
 #include <QHBoxLayout>

@@ -1,8 +1,8 @@
 #include "ui/sets/SetDelegate.h"
 
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/sets/SetListModel.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 #include "ui/sets/SetList.h"
 
-#include "ui/blocks/TextLook.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/sets/SetListModel.h"
-#include "ui/theme/Theme.h"
 
 #include <QHelpEvent>
 #include <QMenu>

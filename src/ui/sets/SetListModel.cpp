@@ -1,7 +1,7 @@
 #include "ui/sets/SetListModel.h"
 
+#include "actions/SetTexts.h"
 #include "ui/sets/SetSearch.h"
-#include "ui/sets/SetTexts.h"
 
 #include <algorithm>
 #include <iterator>

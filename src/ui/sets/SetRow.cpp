@@ -1,6 +1,6 @@
 #include "ui/sets/SetRow.h"
 
-#include "ui/theme/Metrics.h"
+#include "ui/base/theme/Metrics.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
 #include "ui/sets/SetSheet.h"
 
 #include "store/ShootManager.h"
-#include "ui/UiServices.h"
-#include "ui/blocks/FormField.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/FormField.h"
+#include "ui/base/blocks/ItemRows.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
 #include "ui/sets/CatalogPickerMenu.h"
-#include "ui/sets/ItemRows.h"
-#include "ui/theme/Metrics.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -47,17 +47,6 @@ void addSideBySide(QVBoxLayout& content, const Labelled& left, const Labelled& r
 }
 
 }  // namespace
-
-SetData withFields(SetData set, const SetFields& fields)
-{
-    set.setNumber = fields.setNumber;
-    set.brand = fields.brand;
-    set.model = fields.model;
-    set.location = fields.location;
-    set.email = fields.email;
-    set.items = fields.items;
-    return set;
-}
 
 SetSheet::SetSheet(UiServices& services, const QString& title, const QString& primaryLabel, QWidget* window)
     : SheetFrame(title, window),

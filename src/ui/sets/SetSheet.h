@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/SetData.h"
-#include "ui/blocks/SheetFrame.h"
+#include "actions/SetFields.h"
+#include "ui/base/blocks/SheetFrame.h"
 
 class QLineEdit;
 
@@ -9,19 +9,6 @@ namespace morvak {
 
 class ItemRows;
 struct UiServices;
-
-/// What the user enters of a set, as typed.
-struct SetFields {
-    QString setNumber;
-    QString brand;
-    QString model;
-    QString location;
-    QString email;
-    QList<SetItem> items;
-};
-
-/// `set` with these fields; all else of it stays. Pure.
-[[nodiscard]] SetData withFields(SetData set, const SetFields& fields);
 
 /// The fields of a set, to fill in by hand or from the catalog; `fields` is the answer when it is accepted.
 class SetSheet : public SheetFrame {

@@ -1,6 +1,6 @@
 #include "ui/sets/SetsContent.h"
 
-#include "ui/blocks/EmptyState.h"
+#include "ui/base/blocks/EmptyState.h"
 #include "ui/sets/SetFilter.h"
 #include "ui/sets/SetList.h"
 #include "ui/sets/SetListModel.h"

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ui/sets/SetSheet.h"
-#include "ui/sets/ShootExport.h"
+#include "ui/base/blocks/NoticeLine.h"
 
 #include <QObject>
 #include <QUuid>
 
 namespace morvak {
 
+class SheetFrame;
 struct UiServices;
 
 /// The sheets and questions of the Sets tab: each is opened over the tab's window, one at a time, and what

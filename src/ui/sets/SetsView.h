@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/sets/SetsActions.h"
+#include "ui/shoots/SetsActions.h"
 
 #include <QUuid>
 #include <QWidget>

@@ -1,11 +1,11 @@
 #include "ui/watch/ActiveSetBox.h"
 
-#include "ui/UiServices.h"
-#include "ui/blocks/Card.h"
-#include "ui/blocks/SymbolLabel.h"
-#include "ui/blocks/TextLook.h"
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/Card.h"
+#include "ui/base/blocks/SymbolLabel.h"
+#include "ui/base/blocks/TextLook.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 #include "watch/FolderWatcher.h"
 
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "ui/watch/DashboardTab.h"
 
-#include "ui/theme/Metrics.h"
+#include "ui/base/blocks/DroppedFolder.h"
+#include "ui/base/theme/Metrics.h"
 #include "ui/watch/ActiveSetBox.h"
-#include "ui/watch/DroppedFolder.h"
 #include "ui/watch/LastTaggedBox.h"
 #include "ui/watch/WatchFolderBox.h"
 

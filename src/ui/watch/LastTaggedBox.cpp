@@ -1,9 +1,9 @@
 #include "ui/watch/LastTaggedBox.h"
 
-#include "ui/UiServices.h"
-#include "ui/blocks/Card.h"
-#include "ui/blocks/ElidedLabel.h"
-#include "ui/blocks/TextLook.h"
+#include "ui/base/UiServices.h"
+#include "ui/base/blocks/Card.h"
+#include "ui/base/blocks/ElidedLabel.h"
+#include "ui/base/blocks/TextLook.h"
 #include "ui/watch/ThumbnailStrip.h"
 
 #include <QVBoxLayout>

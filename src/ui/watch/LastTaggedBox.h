@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/blocks/CoalescedCall.h"
+#include "ui/base/blocks/CoalescedCall.h"
 
 #include <QWidget>
 

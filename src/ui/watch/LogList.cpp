@@ -1,6 +1,6 @@
 #include "ui/watch/LogList.h"
 
-#include "ui/theme/Theme.h"
+#include "ui/base/theme/Theme.h"
 #include "ui/watch/LogDelegate.h"
 #include "ui/watch/LogModel.h"
 

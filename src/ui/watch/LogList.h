@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/blocks/CopyableList.h"
+#include "ui/base/blocks/CopyableList.h"
 
 namespace morvak {
 

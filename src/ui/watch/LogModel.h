@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/blocks/CoalescedCall.h"
+#include "ui/base/blocks/CoalescedCall.h"
 #include "watch/LogEntry.h"
 
 #include <QAbstractListModel>

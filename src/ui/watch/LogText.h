@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/theme/Colors.h"
+#include "ui/base/theme/Colors.h"
 #include "watch/LogEntry.h"
 
 #include <QFont>

@@ -1,7 +1,7 @@
 #include "ui/watch/ThumbnailStrip.h"
 
-#include "ui/theme/Metrics.h"
-#include "ui/theme/Theme.h"
+#include "ui/base/theme/Metrics.h"
+#include "ui/base/theme/Theme.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,0 +1,91 @@
+#include "engine/Engine.h"
+#include "metadata/ExifToolService.h"
+#include "support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+using namespace morvak;
+
+namespace {
+
+/// A user's profile with two shoots, each with a folder, and what the engine is made with.
+class Profile {
+public:
+    Profile()
+    {
+        ShootManager store(storeFile());
+        for (const QString& name : {u"Lente"_s, u"Herfst"_s}) {
+            QDir(m_root.path()).mkdir(name);
+            store.createShoot(name, {}, {});
+            store.setWatchFolder(folder(name), *store.activeShootId());
+        }
+    }
+
+    [[nodiscard]] QString storeFile() const { return m_root.filePath(u"shoots.json"_s); }
+    [[nodiscard]] QString folder(const QString& shoot) const { return m_root.filePath(shoot); }
+    [[nodiscard]] EngineParts parts()
+    {
+        return {.exifTool = m_exifTool,
+                .storeFile = storeFile(),
+                .catalogFile = m_root.filePath(u"catalog.json"_s)};
+    }
+    [[nodiscard]] QStringList storedShoots() const
+    {
+        ShootManager store(storeFile());
+        store.load();
+        QStringList names;
+        for (const Shoot& shoot : store.shoots())
+            names.append(shoot.name);
+        return names;
+    }
+
+private:
+    QTemporaryDir m_root;
+    ExifToolService m_exifTool;
+};
+
+}  // namespace
+
+class TestEngine : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void handedOverFileComesAfterTheShootsThatAreThere();
+    void watcherFollowsTheActiveShootOnly();
+};
+
+void TestEngine::handedOverFileComesAfterTheShootsThatAreThere()
+{
+    Profile profile;
+    Engine morvak(profile.parts());
+    ShootManager other(profile.folder(u"other.json"_s));
+    other.createShoot(u"Van buiten"_s, {}, {});
+    QFile file(profile.folder(u"buiten.morvak"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(*other.exportJSON(*other.activeShootId()));
+    file.close();
+    morvak.openShootFiles({file.fileName()});
+    QCOMPARE(profile.storedShoots(), QStringList({u"Van buiten"_s, u"Herfst"_s, u"Lente"_s}));
+    morvak.quit();
+}
+
+void TestEngine::watcherFollowsTheActiveShootOnly()
+{
+    Profile profile;
+    Engine morvak(profile.parts());
+    morvak.runUnseen();
+    QTRY_VERIFY(morvak.watcher().isWatching());
+    morvak.watcher().stopWatching();
+    morvak.shoots().handleScanInput(u"SET:1"_s);  // announces the active shoot again
+    QVERIFY(!morvak.watcher().isWatching());
+    morvak.shoots().setActiveShootId(morvak.shoots().shoots()[1].id);
+    QCOMPARE(morvak.watcher().watchPath(), profile.folder(u"Lente"_s));
+    QTRY_VERIFY(morvak.watcher().isWatching());
+    morvak.quit();
+}
+
+MORVAK_TEST(TestEngine);
+#include "test_engine.moc"
