@@ -16,7 +16,7 @@ namespace {
 
 samples::PhotoOptions photo(QSize picture, qsizetype size)
 {
-    return {.upright = samples::studioScene(samples::outfitOf(benchSet()), picture, 1), .size = size};
+    return {.upright = samples::studioScene(samples::outfitOf(benchTagging().set), picture, 1), .size = size};
 }
 
 }  // namespace
@@ -62,15 +62,10 @@ void BenchShoot::drop(const QDir& folder) const
         write(folder, i);
 }
 
-const SetData& benchSet()
+const Tagging& benchTagging()
 {
-    static const SetData set = samples::sampleSets().constFirst();
-    return set;
-}
-
-QString benchShootName()
-{
-    return QStringLiteral("Bench");
+    static const Tagging tagging = samples::sampleTagging(QStringLiteral("Bench"));
+    return tagging;
 }
 
 qsizetype countTagged(const QDir& folder, const QStringList& names)
@@ -79,7 +74,7 @@ qsizetype countTagged(const QDir& folder, const QStringList& names)
     if (!photos)
         return 0;
     return std::count_if(photos->cbegin(), photos->cend(), [](const demo::PhotoTags& tags) {
-        return demo::tagFaults(tags, benchSet(), benchShootName()).isEmpty();
+        return demo::tagFaults(tags, benchTagging()).isEmpty();
     });
 }
 

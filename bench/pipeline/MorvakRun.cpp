@@ -9,7 +9,7 @@ namespace morvak::bench {
 MorvakRun::MorvakRun(const QString& program, std::chrono::milliseconds wholeTime)
     : m_pacer(wholeTime), m_process(program)
 {
-    m_profile.makeShoot(benchShootName(), QString(), QString());
+    m_profile.makeShoot(benchTagging().shootName(), QString(), QString());
     QElapsedTimer timer;
     timer.start();
     m_process.start(m_profile.environment(), {QStringLiteral("--scan-stdin")});
@@ -22,8 +22,8 @@ MorvakRun::MorvakRun(const QString& program, std::chrono::milliseconds wholeTime
 
 void MorvakRun::activateSet()
 {
-    m_process.scan(benchSet().toQRText());
-    if (!m_pacer.waitUntil([this] { return m_process.isTaggingWith(benchSet().headline()); }))
+    m_process.scan(benchTagging().set.toQRText());
+    if (!m_pacer.waitUntil([this] { return m_process.isTaggingWith(benchTagging().set.headline()); }))
         qFatal("the set was not activated");
 }
 

@@ -11,8 +11,9 @@ QString flattenedSetText(const SetData& set)
 
 }  // namespace
 
-QStringList taggingOptions(const SetData& set, const QString& shootName)
+QStringList taggingOptions(const Tagging& tagging)
 {
+    const SetData& set = tagging.set;
     const QString headline = set.headline();
     const QString description = set.description();
     const QStringList keywords = set.keywords();
@@ -37,8 +38,8 @@ QStringList taggingOptions(const SetData& set, const QString& shootName)
     assignIfPresent("XMP-dc:Creator", set.model);
     assignIfPresent("IPTC:City", set.location);
     assignIfPresent("XMP-photoshop:City", set.location);
-    assignIfPresent("IPTC:TransmissionReference", shootName);
-    assignIfPresent("XMP-photoshop:TransmissionReference", shootName);
+    assignIfPresent("IPTC:TransmissionReference", tagging.shootName());
+    assignIfPresent("XMP-photoshop:TransmissionReference", tagging.shootName());
     assign("IPTC:SpecialInstructions", setText);
     assign("XMP-photoshop:Instructions", setText);
     assign("XMP:Subject", keywords.join(QStringLiteral(", ")));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SetData.h"
+#include "model/Tagging.h"
 
 #include <QStringList>
 
@@ -10,6 +10,6 @@ namespace morvak {
 /// them. IPTC keywords are one entry each, XMP Subject holds all of them as one entry, joined with ", ".
 /// An empty value removes its tag. Values are as the set has them, but for the set text, whose lines are
 /// joined with " | ".
-[[nodiscard]] QStringList taggingOptions(const SetData& set, const QString& shootName);
+[[nodiscard]] QStringList taggingOptions(const Tagging& tagging);
 
 }  // namespace morvak

@@ -18,7 +18,7 @@ bool hasChanged(const FoundFile& photo)
 }  // namespace
 
 BacklogRun::BacklogRun(const Shoot& shoot, BacklogHands hands, MainThread mainThread)
-    : m_shootName(shoot.name), m_sets(shoot), m_hands(std::move(hands)), m_mainThread(std::move(mainThread))
+    : m_shoot(shoot), m_sets(shoot), m_hands(std::move(hands)), m_mainThread(std::move(mainThread))
 {
 }
 
@@ -108,7 +108,7 @@ void BacklogRun::leaveOut()
 
 void BacklogRun::write(const FoundFile& photo, const SetData& set)
 {
-    const bool accepted = m_hands.write(photo.path, set, m_shootName, [=, run = shared_from_this()](bool ok) {
+    const bool accepted = m_hands.write(photo.path, {set, m_shoot}, [=, run = shared_from_this()](bool ok) {
         run->written(lastPathComponent(photo.path), set, ok);
     });
     if (!accepted)

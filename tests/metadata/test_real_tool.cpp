@@ -109,7 +109,7 @@ bool TestRealTool::tag(const QString& path, const SetData& set, const QString& s
 {
     bool result = false;
     QEventLoop loop;
-    m_service->writeMetadata(path, set, shoot, [&](bool tagged) {
+    m_service->writeMetadata(path, {set, samples::shootNamed(shoot)}, [&](bool tagged) {
         result = tagged;
         loop.quit();
     });
@@ -274,7 +274,7 @@ void TestRealTool::aToolKilledOverARequestCostsNothing()
     ::kill(children.first(), SIGSTOP);
     const QString path = jpeg(QStringLiteral("b.jpg"));
     std::optional<bool> result;
-    m_service->writeMetadata(path, test::fullSet(), {}, [&result](bool tagged) { result = tagged; });
+    m_service->writeMetadata(path, {test::fullSet(), {}}, [&result](bool tagged) { result = tagged; });
     writeFile(path + QStringLiteral("_exiftool_tmp"), "half a photo");
     ::kill(children.first(), SIGKILL);
     QTRY_COMPARE_WITH_TIMEOUT(result, std::optional(true), toolTime);
@@ -288,7 +288,7 @@ void TestRealTool::aStoppedToolIsBrokenOffOnQuit()
     QVERIFY(tag(jpeg(), test::fullSet()));
     ::kill(test::childProcesses().first(), SIGSTOP);
     std::optional<bool> result;
-    m_service->writeMetadata(jpeg(), test::fullSet(), {}, [&result](bool tagged) { result = tagged; });
+    m_service->writeMetadata(jpeg(), {test::fullSet(), {}}, [&result](bool tagged) { result = tagged; });
     QElapsedTimer clock;
     clock.start();
     m_service->terminateForAppQuit();
@@ -305,7 +305,7 @@ void TestRealTool::quittingUnderLoadLeavesWholePhotos()
     for (int i = 0; i < photos; ++i) {
         const QString path = photo(QStringLiteral("%1.jpg").arg(i));
         writeFile(path, contents);
-        m_service->writeMetadata(path, test::fullSet(), {},
+        m_service->writeMetadata(path, {test::fullSet(), {}},
                                  [&results](bool tagged) { results.append(tagged); });
     }
     QTRY_VERIFY_WITH_TIMEOUT(results.size() >= 3, toolTime);

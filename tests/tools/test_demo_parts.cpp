@@ -54,16 +54,15 @@ private Q_SLOTS:
 
 void TestDemoParts::everyWrongTagIsTold()
 {
-    const SetData set = samples::sampleSets().constFirst();
-    const QString shoot = u"77"_s;
-    QCOMPARE(tagFaults(rightTags(), set, shoot), QStringList());
+    const Tagging tagging = samples::sampleTagging(u"77"_s);
+    QCOMPARE(tagFaults(rightTags(), tagging), QStringList());
     for (const QString& tag : rightTags().keys()) {
         PhotoTags missing = rightTags();
         missing.remove(tag);
         PhotoTags other = rightTags();
         other.insert(tag, QJsonArray{u"something"_s, u"else"_s});
         for (const PhotoTags& tags : {missing, other}) {
-            const QStringList faults = tagFaults(tags, set, shoot);
+            const QStringList faults = tagFaults(tags, tagging);
             QCOMPARE(faults.size(), 1);
             QVERIFY(faults.constFirst().startsWith(tag));
         }

@@ -26,8 +26,6 @@ const QString camera = QStringLiteral("camera");
 const QString morvakItself = QStringLiteral("Morvak");
 const QString stage = QStringLiteral("demo  ");
 
-const QString shootName = QStringLiteral("Voorjaar – lookbook");
-
 QString megabytes(const QByteArray& bytes)
 {
     return QLocale(QLocale::Dutch).toString(static_cast<double>(bytes.size()) / 1e6, 'f', 1) +
@@ -58,7 +56,8 @@ bool Demo::prepare()
         return giveUp(QStringLiteral("Er kan geen tijdelijke map worden gemaakt."));
     report::event(stage, QStringLiteral("Foto's en setkaarten worden getekend …"));
     m_photos = samples::sampleShoot(m_sets);
-    m_profile.makeShoot(shootName, QStringLiteral("Den Haag"), QStringLiteral("Noord"));
+    m_shoot = m_profile.makeShoot(QStringLiteral("Voorjaar – lookbook"), QStringLiteral("Den Haag"),
+                                  QStringLiteral("Noord"));
     return true;
 }
 
@@ -176,7 +175,7 @@ bool Demo::judge()
 
 QStringList Demo::faultsOf(const samples::SamplePhoto& photo, const PhotoTags& tags) const
 {
-    QStringList faults = tagFaults(tags, m_sets.at(photo.set), shootName);
+    QStringList faults = tagFaults(tags, {m_sets.at(photo.set), m_shoot});
     QFile file(m_profile.photoFolder() + u'/' + photo.name);
     if (!file.open(QIODevice::ReadOnly) || !hasSamePicture(photo.bytes, file.readAll()))
         faults.append(QStringLiteral("het beeld is niet meer wat het was"));

@@ -35,6 +35,7 @@ private:
 
     Pacer& m_pacer;
     const Profile& m_profile;
+    Shoot m_shoot;
     QList<SetData> m_sets;
     QList<samples::SamplePhoto> m_photos;
     MorvakProcess m_program;

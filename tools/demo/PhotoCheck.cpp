@@ -14,8 +14,9 @@ struct Expectation {
 };
 
 /// IPTC has no field for the shoot's name that the tool knows; XMP carries it.
-QList<Expectation> expectations(const SetData& set, const QString& shootName)
+QList<Expectation> expectations(const Tagging& tagging)
 {
+    const SetData& set = tagging.set;
     const QString setText = set.toQRText().replace(u'\n', QStringLiteral(" | "));
     return {{"IPTC:Headline", {set.headline()}},
             {"IPTC:ObjectName", {set.headline()}},
@@ -30,7 +31,7 @@ QList<Expectation> expectations(const SetData& set, const QString& shootName)
             {"XMP:Subject", {set.keywords().join(QStringLiteral(", "))}},
             {"XMP:Creator", {set.model}},
             {"XMP:City", {set.location}},
-            {"XMP:TransmissionReference", {shootName}},
+            {"XMP:TransmissionReference", {tagging.shootName()}},
             {"XMP:Instructions", {setText}}};
 }
 
@@ -54,10 +55,10 @@ QStringList tagValues(const PhotoTags& tags, const QString& tag)
     return values;
 }
 
-QStringList tagFaults(const PhotoTags& tags, const SetData& set, const QString& shootName)
+QStringList tagFaults(const PhotoTags& tags, const Tagging& tagging)
 {
     QStringList faults;
-    for (const auto& [tag, expected] : expectations(set, shootName)) {
+    for (const auto& [tag, expected] : expectations(tagging)) {
         const QStringList found = tagValues(tags, QLatin1String(tag));
         if (found != expected)
             faults.append(QStringLiteral("%1 is %2, verwacht %3")

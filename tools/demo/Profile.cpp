@@ -24,11 +24,12 @@ Profile::Profile() : m_root(QDir::tempPath() + QStringLiteral("/morvak-demo-XXXX
         m_environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
 }
 
-void Profile::makeShoot(const QString& name, const QString& location, const QString& client) const
+Shoot Profile::makeShoot(const QString& name, const QString& location, const QString& client) const
 {
     ShootManager store(dataFolder() + QStringLiteral("/Morvak/shoots.json"));
     store.createShoot(name, location, client);
     store.setWatchFolder(photoFolder(), store.shoots().constFirst().id);
+    return store.shoots().constFirst();
 }
 
 }  // namespace morvak::demo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/Shoot.h"
+
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 
@@ -22,7 +24,7 @@ public:
     [[nodiscard]] const QProcessEnvironment& environment() const { return m_environment; }
 
     /// Makes the shoot that the program finds when it starts. Main thread.
-    void makeShoot(const QString& name, const QString& location, const QString& client) const;
+    Shoot makeShoot(const QString& name, const QString& location, const QString& client) const;
 
 private:
     [[nodiscard]] QString dataFolder() const { return m_root.filePath(QStringLiteral("data")); }
