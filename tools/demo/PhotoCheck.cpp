@@ -1,5 +1,6 @@
 #include "demo/PhotoCheck.h"
 
+#include "metadata/WrittenTags.h"
 #include "sampleshoot/PictureData.h"
 
 #include <QJsonArray>
@@ -7,33 +8,6 @@
 namespace morvak::demo {
 
 namespace {
-
-struct Expectation {
-    const char* tag;
-    QStringList values;
-};
-
-/// IPTC has no field for the shoot's name that the tool knows; XMP carries it.
-QList<Expectation> expectations(const Tagging& tagging)
-{
-    const SetData& set = tagging.set;
-    const QString setText = set.toQRText().replace(u'\n', QStringLiteral(" | "));
-    return {{"IPTC:Headline", {set.headline()}},
-            {"IPTC:ObjectName", {set.headline()}},
-            {"IPTC:Caption-Abstract", {set.description()}},
-            {"IPTC:Keywords", set.keywords()},
-            {"IPTC:By-line", {set.model}},
-            {"IPTC:City", {set.location}},
-            {"IPTC:SpecialInstructions", {setText}},
-            {"XMP:Headline", {set.headline()}},
-            {"XMP:Title", {set.headline()}},
-            {"XMP:Description", {set.description()}},
-            {"XMP:Subject", {set.keywords().join(QStringLiteral(", "))}},
-            {"XMP:Creator", {set.model}},
-            {"XMP:City", {set.location}},
-            {"XMP:TransmissionReference", {tagging.shootName()}},
-            {"XMP:Instructions", {setText}}};
-}
 
 QString quoted(const QStringList& values)
 {
@@ -58,11 +32,14 @@ QStringList tagValues(const PhotoTags& tags, const QString& tag)
 QStringList tagFaults(const PhotoTags& tags, const Tagging& tagging)
 {
     QStringList faults;
-    for (const auto& [tag, expected] : expectations(tagging)) {
-        const QStringList found = tagValues(tags, QLatin1String(tag));
+    for (const WrittenTag& tag : writtenTags()) {
+        if (!tag.isKept)
+            continue;
+        const QString name = tag.printedName();
+        const QStringList expected = tag.entries(tagging);
+        const QStringList found = tagValues(tags, name);
         if (found != expected)
-            faults.append(QStringLiteral("%1 is %2, verwacht %3")
-                              .arg(QLatin1String(tag), quoted(found), quoted(expected)));
+            faults.append(QStringLiteral("%1 is %2, verwacht %3").arg(name, quoted(found), quoted(expected)));
     }
     return faults;
 }

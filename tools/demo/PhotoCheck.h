@@ -9,7 +9,7 @@ namespace morvak::demo {
 [[nodiscard]] QStringList tagValues(const PhotoTags& tags, const QString& tag);
 
 /// What a photo carries otherwise than it should after this tagging: one Dutch line per tag, empty when all
-/// is right.
+/// is right. It looks at every tag that we write and exiftool keeps.
 [[nodiscard]] QStringList tagFaults(const PhotoTags& tags, const Tagging& tagging);
 
 /// Whether the photo as it is now still holds the picture of `original`, byte for byte.
