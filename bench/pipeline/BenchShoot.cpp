@@ -1,7 +1,7 @@
 #include "BenchShoot.h"
 
-#include "demo/PhotoCheck.h"
-#include "demo/ReadBack.h"
+#include "driver/PhotoCheck.h"
+#include "driver/ReadBack.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "sampleshoot/StudioScene.h"
@@ -70,11 +70,11 @@ const Tagging& benchTagging()
 
 qsizetype countTagged(const QDir& folder, const QStringList& names)
 {
-    const auto photos = demo::readTags(folder.path(), names, QProcessEnvironment::systemEnvironment());
+    const auto photos = driver::readTags(folder.path(), names, QProcessEnvironment::systemEnvironment());
     if (!photos)
         return 0;
-    return std::count_if(photos->cbegin(), photos->cend(), [](const demo::PhotoTags& tags) {
-        return demo::tagFaults(tags, benchTagging()).isEmpty();
+    return std::count_if(photos->cbegin(), photos->cend(), [](const driver::PhotoTags& tags) {
+        return driver::tagFaults(tags, benchTagging()).isEmpty();
     });
 }
 

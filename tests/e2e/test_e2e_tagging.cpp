@@ -1,5 +1,5 @@
 #include "MorvakRun.h"
-#include "demo/PhotoCheck.h"
+#include "driver/PhotoCheck.h"
 #include "sampleshoot/CardPhoto.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
@@ -70,7 +70,7 @@ void TestE2eTagging::everyFormatCarriesTheSet()
     for (auto photo = photos.begin(); photo != photos.end(); ++photo) {
         if (photo.key() == QStringLiteral("g.3fr"))
             continue;
-        QCOMPARE(demo::tagFaults(tags.value(photo.key()), tagging), QStringList());
+        QCOMPARE(driver::tagFaults(tags.value(photo.key()), tagging), QStringList());
         if (photo.key() != QStringLiteral("a.JPG")) {
             const QByteArray strip = strips.value(photo.key());
             QVERIFY(strip.size() > 1000);

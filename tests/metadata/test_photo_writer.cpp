@@ -1,6 +1,7 @@
 #include "FakeTool.h"
 #include "metadata/ExifToolService.h"
 #include "platform/FileName.h"
+#include "support/CapturedOutput.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
-#include "demo/PhotoCheck.h"
 #include "demo/Tether.h"
 #include "demo/TextTable.h"
+#include "driver/PhotoCheck.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/TestMain.h"
 
@@ -10,6 +10,7 @@
 
 using namespace morvak;
 using namespace morvak::demo;
+using namespace morvak::driver;
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 

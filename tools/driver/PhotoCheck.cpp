@@ -1,11 +1,11 @@
-#include "demo/PhotoCheck.h"
+#include "driver/PhotoCheck.h"
 
 #include "metadata/WrittenTags.h"
 #include "sampleshoot/PictureData.h"
 
 #include <QJsonArray>
 
-namespace morvak::demo {
+namespace morvak::driver {
 
 namespace {
 
@@ -50,4 +50,4 @@ bool hasSamePicture(const QByteArray& original, const QByteArray& now)
     return before && !before->isEmpty() && before == samples::pictureData(now);
 }
 
-}  // namespace morvak::demo
+}  // namespace morvak::driver

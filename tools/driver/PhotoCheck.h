@@ -1,9 +1,9 @@
 #pragma once
 
-#include "demo/ReadBack.h"
+#include "driver/ReadBack.h"
 #include "model/Tagging.h"
 
-namespace morvak::demo {
+namespace morvak::driver {
 
 /// The values of one tag; several when it is a list, none when the photo does not carry it.
 [[nodiscard]] QStringList tagValues(const PhotoTags& tags, const QString& tag);
@@ -15,4 +15,4 @@ namespace morvak::demo {
 /// Whether the photo as it is now still holds the picture of `original`, byte for byte.
 [[nodiscard]] bool hasSamePicture(const QByteArray& original, const QByteArray& now);
 
-}  // namespace morvak::demo
+}  // namespace morvak::driver
