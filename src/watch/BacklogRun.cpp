@@ -1,7 +1,6 @@
 #include "watch/BacklogRun.h"
 
 #include "platform/FileName.h"
-#include "watch/FileSignature.h"
 
 #include <QThreadPool>
 
@@ -12,7 +11,7 @@ namespace {
 bool hasChanged(const FoundFile& photo)
 {
     const std::optional<FileState> now = regularFileState(photo.path);
-    return now && FileSignature(*now) != FileSignature(photo.state);
+    return now && !isUnchanged(photo.state, *now);
 }
 
 }  // namespace

@@ -1,40 +1,10 @@
 #include "ui/main/HeaderState.h"
 
+#include "model/FindById.h"
 #include "ui/sets/SetTexts.h"
 #include "ui/watch/LogText.h"
 
-#include <algorithm>
-
 namespace morvak {
-
-namespace {
-
-bool holds(const Shoot& shoot, QUuid setId)
-{
-    return std::ranges::any_of(shoot.sets, [setId](const SetData& set) { return set.id == setId; });
-}
-
-const Shoot* shootOf(const QList<Shoot>& shoots, std::optional<QUuid> id)
-{
-    const auto found = std::ranges::find_if(shoots, [id](const Shoot& shoot) { return shoot.id == id; });
-    return found == shoots.cend() ? nullptr : &*found;
-}
-
-const Shoot* shootWith(const QList<Shoot>& shoots, QUuid setId)
-{
-    const auto found =
-        std::ranges::find_if(shoots, [setId](const Shoot& shoot) { return holds(shoot, setId); });
-    return found == shoots.cend() ? nullptr : &*found;
-}
-
-bool isChanged(const Shoot& shoot, const SetData& tagging)
-{
-    const auto stored =
-        std::ranges::find_if(shoot.sets, [&tagging](const SetData& set) { return set.id == tagging.id; });
-    return stored->toQRText() != tagging.toQRText();
-}
-
-}  // namespace
 
 HeaderState HeaderText::of(const HeaderFacts& facts)
 {
@@ -65,17 +35,17 @@ QString HeaderText::difference(const HeaderFacts& facts)
     if (!facts.taggingSet)
         return {};
     const SetData& tagging = *facts.taggingSet;
-    const Shoot* const active = shootOf(facts.shoots, facts.activeShootId);
-    if (active && holds(*active, tagging.id)) {
+    const Shoot* const active = facts.activeShootId ? findById(facts.shoots, *facts.activeShootId) : nullptr;
+    if (const SetData* const stored = active ? findById(active->sets, tagging.id) : nullptr) {
         if (facts.activeSetId != tagging.id)
             return tr("Foto’s krijgen %1, maar die set is in de lijst niet actief.")
                 .arg(SetTexts::name(tagging));
-        return isChanged(*active, tagging)
+        return stored->toQRText() != tagging.toQRText()
                    ? tr("Foto’s krijgen %1 zoals de set was voor de wijziging. Activeer de set opnieuw.")
                          .arg(SetTexts::name(tagging))
                    : QString();
     }
-    if (const Shoot* const other = shootWith(facts.shoots, tagging.id))
+    if (const Shoot* const other = findShootOfSet(facts.shoots, tagging.id))
         return tr("Foto’s krijgen %1 uit een andere shoot: %2.").arg(SetTexts::name(tagging), other->name);
     if (facts.shoots.isEmpty())
         return tr("Foto’s krijgen %1. Zonder shoot wordt de set niet bewaard.").arg(SetTexts::name(tagging));
