@@ -13,7 +13,7 @@ std::chrono::duration<double> timeBareWrites(const QDir& folder, const QStringLi
         {.label = QStringLiteral("ExifTool"), .limits = {}}, [] { return findExifTool(QString()); }, never);
     if (!tool.start())
         qFatal("exiftool does not start");
-    const QStringList options = taggingOptions(benchSet(), benchShootName());
+    const QStringList options = taggingOptions(benchTagging());
     const auto start = std::chrono::steady_clock::now();
     for (const QString& name : names) {
         if (!tool.request(options, folder.filePath(name)).answer.succeeded())

@@ -1,7 +1,7 @@
 #include "BenchShoot.h"
 
-#include "demo/PhotoCheck.h"
-#include "demo/ReadBack.h"
+#include "driver/PhotoCheck.h"
+#include "driver/ReadBack.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
 #include "sampleshoot/StudioScene.h"
@@ -16,7 +16,7 @@ namespace {
 
 samples::PhotoOptions photo(QSize picture, qsizetype size)
 {
-    return {.upright = samples::studioScene(samples::outfitOf(benchSet()), picture, 1), .size = size};
+    return {.upright = samples::studioScene(samples::outfitOf(benchTagging().set), picture, 1), .size = size};
 }
 
 }  // namespace
@@ -62,24 +62,19 @@ void BenchShoot::drop(const QDir& folder) const
         write(folder, i);
 }
 
-const SetData& benchSet()
+const Tagging& benchTagging()
 {
-    static const SetData set = samples::sampleSets().constFirst();
-    return set;
-}
-
-QString benchShootName()
-{
-    return QStringLiteral("Bench");
+    static const Tagging tagging = samples::sampleTagging(QStringLiteral("Bench"));
+    return tagging;
 }
 
 qsizetype countTagged(const QDir& folder, const QStringList& names)
 {
-    const auto photos = demo::readTags(folder.path(), names, QProcessEnvironment::systemEnvironment());
+    const auto photos = driver::readTags(folder.path(), names, QProcessEnvironment::systemEnvironment());
     if (!photos)
         return 0;
-    return std::count_if(photos->cbegin(), photos->cend(), [](const demo::PhotoTags& tags) {
-        return demo::tagFaults(tags, benchSet(), benchShootName()).isEmpty();
+    return std::count_if(photos->cbegin(), photos->cend(), [](const driver::PhotoTags& tags) {
+        return driver::tagFaults(tags, benchTagging()).isEmpty();
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SetData.h"
+#include "model/Tagging.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -40,11 +40,10 @@ private:
     QStringList m_names;
 };
 
-/// The set that everybody tags with, and the shoot's name.
-[[nodiscard]] const SetData& benchSet();
-[[nodiscard]] QString benchShootName();
+/// What everybody tags with.
+[[nodiscard]] const Tagging& benchTagging();
 
-/// How many of the photos carry the set's headline, read back in one run of exiftool.
+/// How many of the photos carry all of its tags, read back in one run of exiftool.
 [[nodiscard]] qsizetype countTagged(const QDir& folder, const QStringList& names);
 
 }  // namespace morvak::bench

@@ -1,8 +1,8 @@
 #include "BareWrites.h"
 #include "FolderMeter.h"
-#include "MorvakRun.h"
 #include "Sections.h"
 #include "ShellLoop.h"
+#include "TimedRun.h"
 #include "support/FigureTable.h"
 
 #include <QTemporaryDir>
@@ -24,7 +24,7 @@ struct Result {
 
 /// Drops the photos before somebody who watches; the time goes from the first byte written to the last photo
 /// tagged.
-Result dropAndWait(const BenchShoot& shoot, const QDir& folder, demo::Pacer& pacer)
+Result dropAndWait(const BenchShoot& shoot, const QDir& folder, driver::Pacer& pacer)
 {
     const FolderMeter meter(folder.path(), shoot.names());
     const auto start = Clock::now();
@@ -45,7 +45,7 @@ Result bareWrites(const BenchShoot& shoot)
 
 Result morvakRun(const BenchShoot& shoot, const QString& program)
 {
-    MorvakRun run(program, limit);
+    TimedRun run(program, limit);
     run.activateSet();
     return dropAndWait(shoot, run.folder(), run.pacer());
 }
@@ -54,7 +54,7 @@ Result shellLoop(const BenchShoot& shoot)
 {
     const QTemporaryDir root;
     const ShellLoop loop{QDir(root.path())};
-    demo::Pacer pacer(limit);
+    driver::Pacer pacer(limit);
     return dropAndWait(shoot, QDir(root.path()), pacer);
 }
 

@@ -1,8 +1,8 @@
 #include "BenchShoot.h"
 #include "FolderMeter.h"
-#include "MorvakRun.h"
 #include "ProcessFigures.h"
 #include "Sections.h"
+#include "TimedRun.h"
 #include "support/FigureTable.h"
 
 #include <cstdio>
@@ -14,7 +14,7 @@ bool measureIdle(const BenchOptions& options)
     using namespace std::chrono_literals;
     constexpr std::chrono::seconds quiet = 10s;
     const BenchShoot shoot = BenchShoot::small(3);
-    MorvakRun run(options.program, 2min);
+    TimedRun run(options.program, 2min);
     run.activateSet();
     const FolderMeter meter(run.folder().path(), shoot.names());
     shoot.drop(run.folder());

@@ -1,8 +1,8 @@
 #include "BareWrites.h"
 #include "BenchShoot.h"
 #include "FolderMeter.h"
-#include "MorvakRun.h"
 #include "Sections.h"
+#include "TimedRun.h"
 #include "support/FigureTable.h"
 
 #include <QTemporaryDir>
@@ -29,7 +29,7 @@ bool measureLatency(const BenchOptions& options)
 {
     using namespace std::chrono_literals;
     const BenchShoot shoot = BenchShoot::mixed(options.shots, options.size);
-    MorvakRun run(options.program, 5min);
+    TimedRun run(options.program, 5min);
     run.activateSet();
     const FolderMeter meter(run.folder().path(), shoot.names());
     QHash<QString, Clock::time_point> written;

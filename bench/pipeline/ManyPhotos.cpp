@@ -1,8 +1,8 @@
 #include "BenchShoot.h"
 #include "FolderMeter.h"
-#include "MorvakRun.h"
 #include "ProcessFigures.h"
 #include "Sections.h"
+#include "TimedRun.h"
 #include "support/FigureTable.h"
 
 #include <cstdio>
@@ -12,7 +12,7 @@ namespace morvak::bench {
 bool measureManyPhotos(const BenchOptions& options)
 {
     const BenchShoot shoot = BenchShoot::small(options.small);
-    MorvakRun run(options.program, std::chrono::minutes(10));
+    TimedRun run(options.program, std::chrono::minutes(10));
     run.activateSet();
     const FolderMeter meter(run.folder().path(), shoot.names());
     const double before = static_cast<double>(peakMemory(run.processId())) / 1e6;

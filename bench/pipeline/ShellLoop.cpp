@@ -28,7 +28,7 @@ ShellLoop::ShellLoop(const QDir& folder)
     });
     m_process.start(QStringLiteral("bash"), QStringList{QStringLiteral("-c"), QLatin1String(script),
                                                         QStringLiteral("loop"), folder.path()} +
-                                                taggingOptions(benchSet(), benchShootName()));
+                                                taggingOptions(benchTagging()));
     QByteArray said;
     while (!said.contains("Watches established")) {
         if (!m_process.waitForReadyRead(5000) && m_process.state() == QProcess::NotRunning)

@@ -1,6 +1,6 @@
 #include "FolderMeter.h"
-#include "MorvakRun.h"
 #include "Sections.h"
+#include "TimedRun.h"
 #include "metadata/ToolLookup.h"
 #include "support/FigureTable.h"
 
@@ -40,7 +40,7 @@ qint64 startOfTool()
 bool measureStart(const BenchOptions& options)
 {
     const auto times = timesOf([&options] {
-        return qint64(MorvakRun(options.program, std::chrono::seconds(30)).startTime().count());
+        return qint64(TimedRun(options.program, std::chrono::seconds(30)).startTime().count());
     });
     const qint64 tool = timesOf(startOfTool)[runs / 2];
     std::printf(

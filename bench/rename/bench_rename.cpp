@@ -33,8 +33,7 @@ void fill(const QDir& folder, int photos, qsizetype size, ExifToolService& exifT
         qFatal("cannot write a photo");
     file.close();
     QEventLoop loop;
-    exifTool.writeMetadata(first, samples::sampleSets().constFirst(), u"Herfst"_s,
-                           [&](bool) { loop.quit(); });
+    exifTool.writeMetadata(first, samples::sampleTagging(u"Herfst"_s), [&](bool) { loop.quit(); });
     loop.exec();
     for (int i = 1; i < photos; ++i) {
         if (!QFile::copy(first, folder.filePath(u"photo_%1.nef"_s.arg(i))))

@@ -38,7 +38,7 @@ bool tag(ExifToolService& exifTool, const QString& path)
 {
     bool tagged = false;
     QEventLoop loop;
-    exifTool.writeMetadata(path, samples::sampleSets().constFirst(), u"Herfst"_s, [&](bool ok) {
+    exifTool.writeMetadata(path, samples::sampleTagging(u"Herfst"_s), [&](bool ok) {
         tagged = ok;
         loop.quit();
     });

@@ -1,10 +1,9 @@
 #include "actions/SetActions.h"
 
+#include "model/FindById.h"
 #include "platform/Diagnostics.h"
 #include "store/ShootManager.h"
 #include "watch/FolderWatcher.h"
-
-#include <algorithm>
 
 namespace morvak {
 
@@ -32,13 +31,8 @@ bool currentSetIsStored(const FolderWatcher& watcher, const ShootManager& shoots
 
 std::optional<SetData> storedSet(const ShootManager& shoots, QUuid id)
 {
-    for (const Shoot& shoot : shoots.shoots()) {
-        const auto found =
-            std::ranges::find_if(shoot.sets, [id](const SetData& set) { return set.id == id; });
-        if (found != shoot.sets.cend())
-            return *found;
-    }
-    return std::nullopt;
+    const SetData* const set = findSet(shoots.shoots(), id);
+    return set ? std::optional(*set) : std::nullopt;
 }
 
 bool takeScan(ShootManager& shoots, FolderWatcher& watcher, const QString& text)

@@ -1,36 +1,23 @@
 #include "actions/TaggedNow.h"
 
-#include <algorithm>
+#include "model/FindById.h"
 
 namespace morvak {
 
-namespace {
-
 using Difference = TaggedNow::Difference;
-
-const SetData* setIn(const Shoot& shoot, QUuid id)
-{
-    const auto found = std::ranges::find(shoot.sets, id, &SetData::id);
-    return found == shoot.sets.cend() ? nullptr : &*found;
-}
-
-}  // namespace
 
 TaggedNow taggedNow(const TaggingFacts& facts)
 {
     if (!facts.taggingSet)
         return {};
     const SetData& set = *facts.taggingSet;
-    const auto isActive = [&facts](const Shoot& shoot) { return shoot.id == facts.activeShootId; };
-    const auto active = std::ranges::find_if(facts.shoots, isActive);
-    const SetData* const stored = active == facts.shoots.cend() ? nullptr : setIn(*active, set.id);
+    const Shoot* const active = facts.activeShootId ? findById(facts.shoots, *facts.activeShootId) : nullptr;
+    const SetData* const stored = active ? findById(active->sets, set.id) : nullptr;
     if (stored && facts.activeSetId != set.id)
         return {set, Difference::notActive, {}};
     if (stored)
         return {set, stored->toQRText() == set.toQRText() ? Difference::none : Difference::changed, {}};
-    const auto holdsSet = [&set](const Shoot& shoot) { return setIn(shoot, set.id) != nullptr; };
-    const auto holder = std::ranges::find_if(facts.shoots, holdsSet);
-    if (holder != facts.shoots.cend())
+    if (const Shoot* const holder = findShootOfSet(facts.shoots, set.id))
         return {set, Difference::elsewhere, holder->name};
     return {set, facts.shoots.isEmpty() ? Difference::unstored : Difference::deleted, {}};
 }

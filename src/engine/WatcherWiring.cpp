@@ -18,9 +18,9 @@ WatcherServices watcherServices(ExifToolService& exifTool)
     };
     services.eyes.detectQRText = QRPhotoDetector::detectQRText;
     services.readHeadline = [&exifTool](const QString& path) { return exifTool.readHeadline(path); };
-    services.writeMetadata = [&exifTool](const QString& to, const SetData& setData, const QString& shootName,
+    services.writeMetadata = [&exifTool](const QString& to, const Tagging& tagging,
                                          std::function<void(bool)> completion) {
-        exifTool.writeMetadata(to, setData, shootName, std::move(completion));
+        exifTool.writeMetadata(to, tagging, std::move(completion));
     };
     services.clearUp = [&exifTool](const QString& folder) { exifTool.clearUp(folder); };
     services.moveToTrash = moveToTrash;

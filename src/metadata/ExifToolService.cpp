@@ -57,10 +57,9 @@ void ExifToolService::terminateForAppQuit()
     m_folderReader.wait();
 }
 
-void ExifToolService::writeMetadata(const QString& to, const SetData& setData, const QString& shootName,
-                                    const Completion& completion)
+void ExifToolService::writeMetadata(const QString& to, const Tagging& tagging, const Completion& completion)
 {
-    m_writer.write(to, setData, shootName, [main = m_mainThread, completion](bool tagged) {
+    m_writer.write(to, tagging, [main = m_mainThread, completion](bool tagged) {
         main.post([completion, tagged] { completion(tagged); });
     });
 }

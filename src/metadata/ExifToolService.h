@@ -38,11 +38,10 @@ public:
     /// afterwards no tool runs. Main thread.
     void terminateForAppQuit();
 
-    /// Writes the set's tags into the photo at absolute path `to`. Returns at once; `completion` is called
+    /// Writes the tags into the photo at absolute path `to`. Returns at once; `completion` is called
     /// exactly once, on the main thread, in the order of the calls, with whether the photo is tagged. Any
     /// thread.
-    void writeMetadata(const QString& to, const SetData& setData, const QString& shootName,
-                       const Completion& completion);
+    void writeMetadata(const QString& to, const Tagging& tagging, const Completion& completion);
 
     /// Removes the temporary files that a killed exiftool has left beside the photos directly in a folder.
     /// Returns at once; it is done before any write that is asked for later. Any thread.

@@ -73,10 +73,9 @@ void PhotoWriter::clearUp(const QString& folder)
     });
 }
 
-void PhotoWriter::write(const QString& filePath, const SetData& set, const QString& shootName,
-                        const Completion& completion)
+void PhotoWriter::write(const QString& filePath, const Tagging& tagging, const Completion& completion)
 {
-    const bool accepted = m_queue.post([=, this] { completion(tag(filePath, set, shootName)); });
+    const bool accepted = m_queue.post([=, this] { completion(tag(filePath, tagging)); });
     if (!accepted)
         completion(failed(filePath, QStringLiteral("quitting")));
 }
@@ -86,9 +85,9 @@ void PhotoWriter::close()
     m_queue.close([this] { m_tool.stop(); });
 }
 
-bool PhotoWriter::tag(const QString& filePath, const SetData& set, const QString& shootName)
+bool PhotoWriter::tag(const QString& filePath, const Tagging& tagging)
 {
-    const QStringList options = taggingOptions(set, shootName);
+    const QStringList options = taggingOptions(tagging);
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (m_quit.isRaised())
             return failed(filePath, QStringLiteral("quitting"));
@@ -101,7 +100,7 @@ bool PhotoWriter::tag(const QString& filePath, const SetData& set, const QString
         // The tool leaves it too when its photo was deleted under its hands.
         removeLeftover(filePath);
         if (answered)
-            return judged(reply.answer, filePath, set);
+            return judged(reply.answer, filePath, tagging.set);
     }
     return failed(filePath, QStringLiteral("no answer"));
 }

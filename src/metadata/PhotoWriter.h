@@ -2,7 +2,7 @@
 
 #include "metadata/SerialQueue.h"
 #include "metadata/StayOpenTool.h"
-#include "model/SetData.h"
+#include "model/Tagging.h"
 
 namespace morvak {
 
@@ -26,8 +26,7 @@ public:
 
     /// `completion` is called once: on the writer's thread, in the order of the calls, or at once with false
     /// when the writer has been closed. Any thread.
-    void write(const QString& filePath, const SetData& set, const QString& shootName,
-               const Completion& completion);
+    void write(const QString& filePath, const Tagging& tagging, const Completion& completion);
 
     /// After `quit` was raised: what waits is answered with false, a running request gets its grace, the tool
     /// ends, and then the thread.
@@ -35,7 +34,7 @@ public:
     void wait() { m_queue.wait(); }
 
 private:
-    [[nodiscard]] bool tag(const QString& filePath, const SetData& set, const QString& shootName);
+    [[nodiscard]] bool tag(const QString& filePath, const Tagging& tagging);
 
     const Interrupt& m_quit;
     StayOpenTool m_tool;

@@ -1,49 +1,20 @@
 #include "metadata/TaggingRequest.h"
 
+#include "metadata/WrittenTags.h"
+
 namespace morvak {
 
-namespace {
-
-QString flattenedSetText(const SetData& set)
+QStringList taggingOptions(const Tagging& tagging)
 {
-    return set.toQRText().replace(u'\n', QStringLiteral(" | "));
-}
-
-}  // namespace
-
-QStringList taggingOptions(const SetData& set, const QString& shootName)
-{
-    const QString headline = set.headline();
-    const QString description = set.description();
-    const QStringList keywords = set.keywords();
-    const QString setText = flattenedSetText(set);
-
-    QStringList options;
-    const auto assign = [&](const char* tag, const QString& value) {
-        options.append(u'-' + QLatin1String(tag) + u'=' + value);
-    };
-    const auto assignIfPresent = [&](const char* tag, const QString& value) {
-        if (!value.isEmpty())
-            assign(tag, value);
-    };
-    options.append(QStringLiteral("-m"));
-    assign("IPTC:Headline", headline);
-    assign("IPTC:Caption-Abstract", description);
-    assign("IPTC:ObjectName", headline);
-    assign("XMP:Title", headline);
-    for (const QString& keyword : keywords)
-        assign("IPTC:Keywords", keyword);
-    assignIfPresent("IPTC:By-line", set.model);
-    assignIfPresent("XMP-dc:Creator", set.model);
-    assignIfPresent("IPTC:City", set.location);
-    assignIfPresent("XMP-photoshop:City", set.location);
-    assignIfPresent("IPTC:TransmissionReference", shootName);
-    assignIfPresent("XMP-photoshop:TransmissionReference", shootName);
-    assign("IPTC:SpecialInstructions", setText);
-    assign("XMP-photoshop:Instructions", setText);
-    assign("XMP:Subject", keywords.join(QStringLiteral(", ")));
-    assign("XMP:Description", description);
-    assign("XMP:Headline", headline);
+    QStringList options(QStringLiteral("-m"));
+    for (const WrittenTag& tag : writtenTags()) {
+        const QString assignment = u'-' + QLatin1String(tag.name) + u'=';
+        const QStringList entries = tag.entries(tagging);
+        for (const QString& entry : entries)
+            options.append(assignment + entry);
+        if (entries.isEmpty() && tag.whenEmpty == WrittenTag::WhenEmpty::Removed)
+            options.append(assignment);
+    }
     options.append(QStringLiteral("-overwrite_original"));
     return options;
 }

@@ -78,12 +78,6 @@ QString nameProblem(const QString& name)
     return encodeFileName(name).size() > NAME_MAX ? reason(Side::Target, ENAMETOOLONG) : QString();
 }
 
-bool isUnchanged(const struct stat& before, const struct stat& after)
-{
-    return before.st_size == after.st_size && before.st_mtim.tv_sec == after.st_mtim.tv_sec &&
-           before.st_mtim.tv_nsec == after.st_mtim.tv_nsec;
-}
-
 /// One copy under way. Its steps give an empty text, or the reason why it ends there.
 class Copying {
 public:
@@ -204,7 +198,7 @@ private:
         struct stat after = {};
         struct stat copy = {};
         if (::fstat(m_source, &after) != 0 || ::fstat(m_target, &copy) != 0 ||
-            !isUnchanged(m_before, after) || copy.st_size != m_before.st_size)
+            !isUnchanged(fileState(m_before), fileState(after)) || copy.st_size != m_before.st_size)
             return changedReason();
         const int folder = m_to.descriptor();
         if (::renameat(folder, encodeFileName(m_temporary).constData(), folder,

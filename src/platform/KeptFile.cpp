@@ -1,6 +1,7 @@
 #include "platform/KeptFile.h"
 
 #include "platform/Diagnostics.h"
+#include "platform/UnbufferedWriting.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -24,36 +25,15 @@ QString openRegular(QFile& file)
     return file.open(QFile::ReadOnly) ? QString() : file.errorString();
 }
 
-// Unbuffered: QSaveFile of Qt 6.4 commits as if all were well when the flush of its buffer failed.
-constexpr QFile::OpenMode replacing = QFile::WriteOnly | QFile::Unbuffered;
-
-/// Empty when all of `rest` was written; the reason otherwise.
-QString append(QSaveFile& target, QByteArrayView rest)
-{
-    while (!rest.isEmpty()) {
-        const qint64 written = target.write(rest.data(), rest.size());
-        if (written <= 0)
-            return target.errorString();
-        rest = rest.sliced(written);
-    }
-    return {};
-}
-
-/// Empty when the new file stands in the place of the old one; the reason otherwise.
-QString commit(QSaveFile& target)
-{
-    return target.commit() ? QString() : target.errorString();
-}
-
 QString writeAll(const QString& path, const QByteArray& content)
 {
     if (content.size() > mostBytes)  // it could not be read back
         return QStringLiteral("te groot");
     QSaveFile target(path);
-    if (!target.open(replacing))
-        return target.errorString();
-    const QString problem = append(target, content);
-    return problem.isEmpty() ? commit(target) : problem;
+    if (const QString problem = openUnbuffered(target); !problem.isEmpty())
+        return problem;
+    const QString problem = appendTo(target, content);
+    return problem.isEmpty() ? putInPlace(target) : problem;
 }
 
 QString copyAll(const QString& from, const QString& to)
@@ -62,17 +42,17 @@ QString copyAll(const QString& from, const QString& to)
     if (const QString problem = openRegular(source); !problem.isEmpty())
         return problem;
     QSaveFile target(to);
-    if (!target.open(replacing))
-        return target.errorString();
+    if (const QString problem = openUnbuffered(target); !problem.isEmpty())
+        return problem;
     target.setPermissions(source.permissions());
     while (!source.atEnd()) {
         const QByteArray chunk = source.read(chunkBytes);
         if (source.error() != QFile::NoError)
             return source.errorString();
-        if (const QString problem = append(target, chunk); !problem.isEmpty())
+        if (const QString problem = appendTo(target, chunk); !problem.isEmpty())
             return problem;
     }
-    return commit(target);
+    return putInPlace(target);
 }
 
 QString freeNameBeside(const QString& path)

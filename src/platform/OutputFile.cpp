@@ -1,6 +1,7 @@
 #include "platform/OutputFile.h"
 
 #include "platform/Diagnostics.h"
+#include "platform/UnbufferedWriting.h"
 
 #include <QFileInfo>
 
@@ -17,9 +18,8 @@ OutputFile::OutputFile(const QString& path) : m_file(path)
     // A device would be replaced by a file, for those who may do so.
     if (const QFileInfo there(path); there.exists() && !there.isFile())
         fail(QStringLiteral("geen gewoon bestand"));
-    // Unbuffered: QSaveFile of Qt 6.4 commits as if all were well when the flush of its buffer failed.
-    else if (!m_file.open(QFile::WriteOnly | QFile::Unbuffered))
-        fail(m_file.errorString());
+    else
+        succeed(openUnbuffered(m_file));
 }
 
 bool OutputFile::write(QByteArrayView part)
@@ -32,21 +32,19 @@ bool OutputFile::write(QByteArrayView part)
 
 bool OutputFile::commit()
 {
-    if (!m_intact || !flush())
-        return false;
-    return m_file.commit() || fail(m_file.errorString());
+    return m_intact && flush() && succeed(putInPlace(m_file));
 }
 
 bool OutputFile::flush()
 {
-    for (QByteArrayView rest = m_waiting; !rest.isEmpty();) {
-        const qint64 written = m_file.write(rest.data(), rest.size());
-        if (written <= 0)
-            return fail(m_file.errorString());
-        rest = rest.sliced(written);
-    }
+    const bool written = succeed(appendTo(m_file, m_waiting));
     m_waiting.resize(0);
-    return true;
+    return written;
+}
+
+bool OutputFile::succeed(const QString& problem)
+{
+    return problem.isEmpty() || fail(problem);
 }
 
 bool OutputFile::fail(const QString& reason)

@@ -21,6 +21,8 @@ public:
 
 private:
     bool flush();
+    /// False, and told, when there is a problem.
+    bool succeed(const QString& problem);
     bool fail(const QString& reason);
 
     QSaveFile m_file;

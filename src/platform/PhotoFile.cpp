@@ -144,12 +144,22 @@ QSet<FileId> openForWritingAnywhere(const QSet<FileId>& wanted)
 
 }  // namespace
 
+FileState fileState(const struct stat& info)
+{
+    return {quint64(info.st_size), nanoseconds(info.st_mtim), nanoseconds(info.st_ctim)};
+}
+
+bool isUnchanged(const FileState& before, const FileState& now, qint64 toleranceNs)
+{
+    return before.size == now.size && std::abs(before.modifiedNs - now.modifiedNs) <= toleranceNs;
+}
+
 std::optional<FileState> regularFileState(const QString& path)
 {
     struct stat info = {};
     if (::lstat(encodeFileName(path).constData(), &info) != 0 || !S_ISREG(info.st_mode))
         return std::nullopt;
-    return FileState{quint64(info.st_size), nanoseconds(info.st_mtim), nanoseconds(info.st_ctim)};
+    return fileState(info);
 }
 
 std::optional<QStringList> folderEntries(const QString& folder)

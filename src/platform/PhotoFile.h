@@ -8,6 +8,8 @@
 #include <memory>
 #include <optional>
 
+struct stat;
+
 namespace morvak {
 
 /// What the file system says of a regular file.
@@ -16,6 +18,12 @@ struct FileState {
     qint64 modifiedNs = 0;  ///< modification time, nanoseconds since 1970-01-01T00:00:00 UTC
     qint64 changedNs = 0;   ///< the same for what nobody can set: content, name, owner or rights changed
 };
+
+[[nodiscard]] FileState fileState(const struct stat& info);
+
+/// Whether nobody has written the file in between, as far as size and modification time tell; times may
+/// differ by as much as `toleranceNs`.
+[[nodiscard]] bool isUnchanged(const FileState& before, const FileState& now, qint64 toleranceNs = 0);
 
 /// None when nothing is there, or when it is no regular file: a symbolic link, a folder, a pipe. Any thread.
 [[nodiscard]] std::optional<FileState> regularFileState(const QString& path);

@@ -1,5 +1,6 @@
 #include "store/ShootManager.h"
 
+#include "model/FindById.h"
 #include "platform/Diagnostics.h"
 #include "store/StoreFile.h"
 
@@ -9,15 +10,6 @@
 namespace morvak {
 
 namespace {
-
-/// Index of the first record with this id, or -1.
-template <typename Record>
-qsizetype indexOfId(const QList<Record>& records, QUuid id)
-{
-    const auto found =
-        std::find_if(records.begin(), records.end(), [&id](const Record& r) { return r.id == id; });
-    return found == records.end() ? -1 : found - records.begin();
-}
 
 template <typename Record>
 void removeId(QList<Record>& records, QUuid id)
@@ -48,8 +40,8 @@ std::optional<SetData> ShootManager::activeSet() const
     const std::optional<Shoot> shoot = activeShoot();
     if (!shoot || !m_activeSetId)
         return std::nullopt;
-    const qsizetype at = indexOfId(shoot->sets, *m_activeSetId);
-    return at < 0 ? std::nullopt : std::optional(shoot->sets[at]);
+    const SetData* const set = findById(shoot->sets, *m_activeSetId);
+    return set ? std::optional(*set) : std::nullopt;
 }
 
 void ShootManager::setActiveShootId(std::optional<QUuid> id)

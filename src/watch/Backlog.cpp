@@ -1,5 +1,6 @@
 #include "watch/Backlog.h"
 
+#include "model/FindById.h"
 #include "watch/PhotoTypes.h"
 
 #include <algorithm>
@@ -38,9 +39,8 @@ std::optional<SetData> SetsByTime::activeAt(Timestamp moment) const
         [](Timestamp a, const SetActivation& b) { return a.seconds < b.activatedAt.seconds; });
     if (later == m_log.begin())
         return std::nullopt;
-    const auto set = std::find_if(m_sets.begin(), m_sets.end(),
-                                  [id = std::prev(later)->setId](const SetData& s) { return s.id == id; });
-    return set == m_sets.end() ? std::nullopt : std::optional(*set);
+    const SetData* const set = findById(m_sets, std::prev(later)->setId);
+    return set ? std::optional(*set) : std::nullopt;
 }
 
 }  // namespace morvak

@@ -1,7 +1,6 @@
 #include "watch/BacklogRun.h"
 
 #include "platform/FileName.h"
-#include "watch/FileSignature.h"
 
 #include <QThreadPool>
 
@@ -12,13 +11,13 @@ namespace {
 bool hasChanged(const FoundFile& photo)
 {
     const std::optional<FileState> now = regularFileState(photo.path);
-    return now && FileSignature(*now) != FileSignature(photo.state);
+    return now && !isUnchanged(photo.state, *now);
 }
 
 }  // namespace
 
 BacklogRun::BacklogRun(const Shoot& shoot, BacklogHands hands, MainThread mainThread)
-    : m_shootName(shoot.name), m_sets(shoot), m_hands(std::move(hands)), m_mainThread(std::move(mainThread))
+    : m_shoot(shoot), m_sets(shoot), m_hands(std::move(hands)), m_mainThread(std::move(mainThread))
 {
 }
 
@@ -108,7 +107,7 @@ void BacklogRun::leaveOut()
 
 void BacklogRun::write(const FoundFile& photo, const SetData& set)
 {
-    const bool accepted = m_hands.write(photo.path, set, m_shootName, [=, run = shared_from_this()](bool ok) {
+    const bool accepted = m_hands.write(photo.path, {set, m_shoot}, [=, run = shared_from_this()](bool ok) {
         run->written(lastPathComponent(photo.path), set, ok);
     });
     if (!accepted)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Tagging.h"
 #include "platform/MainThread.h"
 #include "watch/Backlog.h"
 #include "watch/LogEntry.h"
@@ -17,7 +18,7 @@ struct BacklogHands {
 
     /// Has a photo tagged and tells whether that worked; false, and nothing is told, when the photo is
     /// under way as a new one.
-    std::function<bool(const QString& path, const SetData& set, const QString& shootName,
+    std::function<bool(const QString& path, const Tagging& tagging,
                        std::function<void(bool tagged)> completion)>
         write;
     std::function<void(const QString& name, const SetData& set)> tagged;
@@ -63,7 +64,7 @@ private:
     void written(const QString& name, const SetData& set, bool ok);
     void dealtWith();
 
-    const QString m_shootName;
+    const Shoot m_shoot;
     const SetsByTime m_sets;
     const BacklogHands m_hands;
     const MainThread m_mainThread;

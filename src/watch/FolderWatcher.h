@@ -56,7 +56,9 @@ public:
     [[nodiscard]] bool qrDetectionEnabled() const { return m_qrDetectionEnabled; }
     [[nodiscard]] bool deleteQRCardAfterScan() const { return m_deleteQRCardAfterScan; }
 
-    /// The store that all shoot operations go through; none is skipped quietly. It must outlive the watcher.
+    /// The store that all shoot operations go through. Without one they are left out: no folder is recorded,
+    /// no card activates its set, no count is kept with a set, no photo carries a shoot. It must outlive the
+    /// watcher.
     void setShootManager(ShootManager* shootManager) { m_shootManager = shootManager; }
 
     /// Photos are tagged with this set from now on. A set with another id shows its headline for a moment and

@@ -120,9 +120,8 @@ BacklogHands FolderWatcher::backlogHands()
 {
     return {.readHeadline = m_services.readHeadline,
             .write =
-                [this](const QString& path, const SetData& set, const QString& shootName,
-                       const std::function<void(bool)>& completion) {
-                    return m_pipeline.tagWith(asWatched(path), set, shootName, completion);
+                [this](const QString& path, const Tagging& tagging, const auto& completion) {
+                    return m_pipeline.tagWith(asWatched(path), tagging, completion);
                 },
             .tagged =
                 [this](const QString& name, const SetData& set) {

@@ -1,18 +1,11 @@
 #include "watch/KnownPhotos.h"
 
-#include <cstdlib>
-
 namespace morvak {
 
 namespace {
 
 // A FAT file system gives times back rounded to two seconds once it has been unmounted.
 constexpr qint64 coarsestTimeNs = 2'000'000'000;
-
-bool isUnchanged(const FileSignature& before, const FileState& now)
-{
-    return before.size == now.size && std::abs(before.modified - now.modifiedNs) <= coarsestTimeNs;
-}
 
 }  // namespace
 
@@ -24,12 +17,12 @@ void KnownPhotos::clear()
 
 void KnownPhotos::noteTagged(const QString& path, const FileState& state)
 {
-    m_tagged.insert(path, FileSignature(state));
+    m_tagged.insert(path, state);
 }
 
 void KnownPhotos::noteDealtWith(const QString& path, const std::optional<FileState>& state)
 {
-    m_dealtWith.insert(path, state ? std::optional(FileSignature(*state)) : std::nullopt);
+    m_dealtWith.insert(path, state);
 }
 
 std::optional<quint64> KnownPhotos::taggedSize(const QString& path) const
@@ -41,7 +34,7 @@ std::optional<quint64> KnownPhotos::taggedSize(const QString& path) const
 bool KnownPhotos::isTaggedAs(const QString& path, const FileState& state) const
 {
     const auto photo = m_tagged.constFind(path);
-    return photo != m_tagged.constEnd() && *photo == FileSignature(state);
+    return photo != m_tagged.constEnd() && isUnchanged(*photo, state);
 }
 
 bool KnownPhotos::isNew(const QString& path, const FileState& state) const
@@ -49,7 +42,7 @@ bool KnownPhotos::isNew(const QString& path, const FileState& state) const
     if (taggedSize(path) == state.size)
         return false;
     const auto photo = m_dealtWith.constFind(path);
-    return photo == m_dealtWith.constEnd() || (*photo && !isUnchanged(**photo, state));
+    return photo == m_dealtWith.constEnd() || (*photo && !isUnchanged(**photo, state, coarsestTimeNs));
 }
 
 }  // namespace morvak

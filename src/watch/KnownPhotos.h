@@ -1,6 +1,6 @@
 #pragma once
 
-#include "watch/FileSignature.h"
+#include "platform/PhotoFile.h"
 
 #include <QHash>
 #include <QString>
@@ -33,8 +33,8 @@ public:
     [[nodiscard]] bool isNew(const QString& path, const FileState& state) const;
 
 private:
-    QHash<QString, FileSignature> m_tagged;
-    QHash<QString, std::optional<FileSignature>> m_dealtWith;
+    QHash<QString, FileState> m_tagged;
+    QHash<QString, std::optional<FileState>> m_dealtWith;
 };
 
 }  // namespace morvak

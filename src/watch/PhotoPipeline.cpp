@@ -168,12 +168,11 @@ void PhotoPipeline::discardCard(PhotoRun& run)
 void PhotoPipeline::tag(PhotoRun& run, const SetData& set)
 {
     const ShootManager* const store = m_watcher.m_shootManager;
-    const std::optional<Shoot> shoot = store ? store->activeShoot() : std::nullopt;
-    const QString shootName = shoot ? shoot->name : QString();
+    const Tagging tagging(set, store ? store->activeShoot() : std::nullopt);
     const QString name = lastPathComponent(run.path);
-    diagnostic(
-        QStringLiteral("🏷️ Tagging %1 with set: %2 (shoot: %3)").arg(name, set.headline(), shootName));
-    write(run, set, shootName, [this, name, set, thumbnail = run.reading.thumbnail](bool tagged) {
+    diagnostic(QStringLiteral("🏷️ Tagging %1 with set: %2 (shoot: %3)")
+                   .arg(name, set.headline(), tagging.shootName()));
+    write(run, tagging, [this, name, set, thumbnail = run.reading.thumbnail](bool tagged) {
         if (tagged)
             m_watcher.photoTagged(name, set, thumbnail);
         else
@@ -181,20 +180,20 @@ void PhotoPipeline::tag(PhotoRun& run, const SetData& set)
     });
 }
 
-bool PhotoPipeline::tagWith(const QString& path, const SetData& set, const QString& shootName,
+bool PhotoPipeline::tagWith(const QString& path, const Tagging& tagging,
                             const std::function<void(bool tagged)>& completion)
 {
     PhotoRun* const run = m_runs.add(path);
     if (run)
-        write(*run, set, shootName, completion);
+        write(*run, tagging, completion);
     return run;
 }
 
-void PhotoPipeline::write(PhotoRun& run, const SetData& set, const QString& shootName,
+void PhotoPipeline::write(PhotoRun& run, const Tagging& tagging,
                           const std::function<void(bool tagged)>& completion)
 {
     run.stage = PhotoRun::Stage::Writing;
-    m_services.writeMetadata(run.path, set, shootName,
+    m_services.writeMetadata(run.path, tagging,
                              [this, port = m_mainThread, number = run.number, completion](bool ok) {
                                  if (port.isClosed())
                                      return;

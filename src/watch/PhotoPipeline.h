@@ -12,6 +12,7 @@ namespace morvak {
 
 class FolderWatcher;
 struct SetData;
+struct Tagging;
 struct WatcherServices;
 
 /// Takes each scheduled photo through its run: wait until it is complete and free, look into it, let a set
@@ -26,9 +27,9 @@ public:
     /// Starts a run; false when the path has one.
     bool schedule(const QString& path);
 
-    /// Has a photo that was there already tagged with this set, and takes the events that this causes for
-    /// what they are. False, and `completion` is not called, when the path has a run.
-    bool tagWith(const QString& path, const SetData& set, const QString& shootName,
+    /// Tags a photo that was there already; the events of that write are recognised as our own. False, and
+    /// `completion` is not called, when the path has a run.
+    bool tagWith(const QString& path, const Tagging& tagging,
                  const std::function<void(bool tagged)>& completion);
 
     [[nodiscard]] bool isScheduled(const QString& path) const { return m_runs.contains(path); }
@@ -51,8 +52,7 @@ private:
     bool activateCard(const PhotoRun& run);
     void discardCard(PhotoRun& run);
     void tag(PhotoRun& run, const SetData& set);
-    void write(PhotoRun& run, const SetData& set, const QString& shootName,
-               const std::function<void(bool tagged)>& completion);
+    void write(PhotoRun& run, const Tagging& tagging, const std::function<void(bool tagged)>& completion);
     void written(quint64 number, bool ok);
     bool rememberSignature(const PhotoRun& run);
     void noteDealtWith(const QString& path);

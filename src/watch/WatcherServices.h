@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SetData.h"
+#include "model/Tagging.h"
 #include "watch/PhotoReading.h"
 #include "watch/WaitingRoom.h"
 #include "watch/WatchedFolder.h"
@@ -23,8 +23,7 @@ struct WatcherServices {
     FolderSources folder;
     PhotoEyes eyes;
     std::function<std::optional<QString>(const QString& path)> readHeadline;  ///< blocks; background threads
-    std::function<void(const QString& to, const SetData& setData, const QString& shootName,
-                       std::function<void(bool)> completion)>
+    std::function<void(const QString& to, const Tagging& tagging, std::function<void(bool)> completion)>
         writeMetadata;
     /// Removes from a folder what a killed metadata tool has left there; returns at once.
     std::function<void(const QString& folder)> clearUp = [](const QString&) {};

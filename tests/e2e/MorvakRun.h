@@ -1,76 +1,42 @@
 #pragma once
 
-#include "model/SetData.h"
-
-#include <QHash>
-#include <QJsonObject>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "driver/MorvakProcess.h"
+#include "driver/ReadBack.h"
 
 #include <csignal>
 
 namespace morvak::test {
 
-/// The real program on a private profile with one shoot, whose folder is watched, and what came of the
-/// photos.
-class MorvakRun {
+/// The real program with one shoot, whose folder is watched, and what came of the photos.
+class MorvakRun : public driver::MorvakProcess {
 public:
     MorvakRun();
-    ~MorvakRun();
+    ~MorvakRun() override;
 
     /// Starts the program and waits until it watches.
     void start();
-    /// For what is started from now on, exiftool among it.
-    void setEnvironment(const QString& name, const QString& value) { m_extra.insert(name, value); }
-
     void scan(const SetData& set);
-    /// Scans without waiting for an answer.
-    void type(const SetData& set) { m_process.write(set.toQRText().toUtf8() + "\n\n"); }
-
-    /// SIGKILL; waits until the program is gone.
-    void kill();
-    void signal(int number) const { ::kill(pid_t(processId()), number); }
-    void signalTools(int number) const;
-    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
 
     /// Asks for the end with this signal and waits; the milliseconds it took, or -1 when it does not end
     /// well.
-    qint64 quit(int signal);
-    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+    qint64 quit(int number);
 
     [[nodiscard]] QString path(const QString& name) const { return folder() + u'/' + name; }
-    [[nodiscard]] QString folder() const { return m_root.filePath(QStringLiteral("photos")); }
-    [[nodiscard]] QString storeFile() const
-    {
-        return m_root.filePath(QStringLiteral("data/Morvak/shoots.json"));
-    }
-    /// A place for what the photos' folder shall not hold.
-    [[nodiscard]] QString elsewhere(const QString& name) const { return m_root.filePath(name); }
+    [[nodiscard]] QString storeFile() const { return profile().storeFile(); }
+    [[nodiscard]] QString elsewhere(const QString& name) const { return profile().elsewhere(name); }
 
     /// Writes a photo under its final name, as fast as it goes.
     void drop(const QString& name, const QByteArray& bytes) const;
 
     /// All lines of standard output so far.
     [[nodiscard]] const QStringList& lines();
-    [[nodiscard]] qsizetype count(const QString& textInLine);
+    [[nodiscard]] qsizetype count(const QString& textInLine) { return lines().filter(textInLine).size(); }
 
-    /// Tags of the photos in the folder, by file name, read by one run of exiftool.
-    [[nodiscard]] QHash<QString, QJsonObject> readBack() const;
+    /// Tags of the photos in the folder, by file name.
+    [[nodiscard]] QHash<QString, driver::PhotoTags> readBack() const;
 
     /// Names in the folder that are neither photos nor anything the test put there.
     [[nodiscard]] QStringList leftovers() const;
-
-    /// Processes started by this program that still exist, as process ids.
-    [[nodiscard]] QList<qint64> exifTools() const;
-
-private:
-    [[nodiscard]] QProcessEnvironment environment() const;
-
-    QTemporaryDir m_root;
-    QHash<QString, QString> m_extra;
-    QProcess m_process;
-    QStringList m_lines;
-    QByteArray m_unfinished;
 };
 
 /// The whole content of a file; empty when it cannot be read.

@@ -103,7 +103,7 @@ void TestE2eFullDisk::renamedCopiesAreWholeOrNotThere()
         const QString path = from.filePath(QString::fromUtf8(name));
         test::writeFile(path, raw(2'000'000));
         std::optional<bool> tagged;
-        exifTool.writeMetadata(path, samples::sampleSets().at(0), {}, [&](bool ok) { tagged = ok; });
+        exifTool.writeMetadata(path, {samples::sampleSets().at(0), {}}, [&](bool ok) { tagged = ok; });
         QTRY_VERIFY_WITH_TIMEOUT(tagged.has_value(), 30'000);
         QVERIFY(*tagged);
     }

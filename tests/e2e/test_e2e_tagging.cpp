@@ -1,4 +1,5 @@
 #include "MorvakRun.h"
+#include "driver/PhotoCheck.h"
 #include "sampleshoot/CardPhoto.h"
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/SampleShoot.h"
@@ -25,10 +26,7 @@ samples::PhotoOptions sceneOf(const SetData& set, int orientation = 1)
 
 QString text(const QJsonObject& tags, const char* tag)
 {
-    const QJsonValue value = tags.value(QString::fromUtf8(tag));
-    if (!value.isArray())
-        return value.toVariant().toString();
-    return value.toVariant().toStringList().join(u'|');
+    return tags.value(QString::fromUtf8(tag)).toVariant().toString();
 }
 
 }  // namespace
@@ -45,11 +43,11 @@ private Q_SLOTS:
 
 void TestE2eTagging::everyFormatCarriesTheSet()
 {
-    const SetData set = samples::sampleSets().constFirst();
+    const Tagging tagging = samples::sampleTagging(QStringLiteral("Herfst ’26"));
     MorvakRun run;
     run.start();
-    run.scan(set);
-    const samples::PhotoOptions options = sceneOf(set, 6);
+    run.scan(tagging.set);
+    const samples::PhotoOptions options = sceneOf(tagging.set, 6);
     const QHash<QString, QByteArray> photos = {
         {QStringLiteral("a.JPG"), samples::jpegPhoto(options)},
         {QStringLiteral("b.tif"), samples::tiffPhoto(options)},
@@ -72,20 +70,7 @@ void TestE2eTagging::everyFormatCarriesTheSet()
     for (auto photo = photos.begin(); photo != photos.end(); ++photo) {
         if (photo.key() == QStringLiteral("g.3fr"))
             continue;
-        const QJsonObject& found = tags.value(photo.key());
-        for (const char* headline : {"XMP:Headline", "XMP:Title", "IPTC:Headline", "IPTC:ObjectName"})
-            QCOMPARE(text(found, headline), set.headline());
-        for (const char* description : {"XMP:Description", "IPTC:Caption-Abstract"})
-            QCOMPARE(text(found, description), set.description());
-        for (const char* city : {"XMP:City", "IPTC:City"})
-            QCOMPARE(text(found, city), set.location);
-        for (const char* model : {"XMP:Creator", "IPTC:By-line"})
-            QCOMPARE(text(found, model), set.model);
-        QCOMPARE(text(found, "IPTC:Keywords"), set.keywords().join(u'|'));
-        QCOMPARE(text(found, "XMP:Subject"), set.keywords().join(QStringLiteral(", ")));
-        QCOMPARE(text(found, "XMP:TransmissionReference"), QStringLiteral("Herfst ’26"));
-        QCOMPARE(text(found, "XMP:Instructions"),
-                 set.toQRText().replace(QStringLiteral("\n"), QStringLiteral(" | ")));
+        QCOMPARE(driver::tagFaults(tags.value(photo.key()), tagging), QStringList());
         if (photo.key() != QStringLiteral("a.JPG")) {
             const QByteArray strip = strips.value(photo.key());
             QVERIFY(strip.size() > 1000);

@@ -1,11 +1,8 @@
 #include "FakeTool.h"
 
-#include "platform/Diagnostics.h"
-
 #include <QDir>
 #include <QFile>
 
-#include <sys/mman.h>
 #include <unistd.h>
 
 namespace morvak::test {
@@ -74,31 +71,6 @@ QList<int> childProcesses()
             children.append(pid.toInt());
     }
     return children;
-}
-
-CapturedOutput::CapturedOutput()
-    : m_standardOutput(::dup(STDOUT_FILENO)), m_file(::memfd_create("output", MFD_CLOEXEC))
-{
-    ::fflush(stdout);
-    flushDiagnostics(5s);
-    ::dup2(m_file, STDOUT_FILENO);
-}
-
-CapturedOutput::~CapturedOutput()
-{
-    flushDiagnostics(5s);
-    ::dup2(m_standardOutput, STDOUT_FILENO);
-    ::close(m_standardOutput);
-    ::close(m_file);
-}
-
-QStringList CapturedOutput::lines() const
-{
-    flushDiagnostics(5s);
-    QFile file(QStringLiteral("/proc/self/fd/%1").arg(m_file));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
 }
 
 }  // namespace morvak::test

@@ -34,19 +34,4 @@ private:
 /// Processes that this one has started and that are not reaped yet.
 [[nodiscard]] QList<int> childProcesses();
 
-/// While it lives, collects what goes to standard output, diagnostic lines above all.
-class CapturedOutput {
-public:
-    CapturedOutput();
-    ~CapturedOutput();
-    CapturedOutput(const CapturedOutput&) = delete;
-    CapturedOutput& operator=(const CapturedOutput&) = delete;
-
-    [[nodiscard]] QStringList lines() const;
-
-private:
-    int m_standardOutput;
-    int m_file;
-};
-
 }  // namespace morvak::test

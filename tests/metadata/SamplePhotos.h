@@ -2,6 +2,7 @@
 
 #include "model/SetData.h"
 #include "sampleshoot/PhotoEncoders.h"
+#include "sampleshoot/SampleShoot.h"
 
 namespace morvak::test {
 

@@ -1,6 +1,7 @@
 #include "FakeTool.h"
 #include "metadata/ExifToolService.h"
 #include "platform/FileName.h"
+#include "support/CapturedOutput.h"
 #include "support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -16,11 +17,11 @@ using morvak::test::FakeTool;
 
 namespace {
 
-SetData someSet()
+Tagging someTagging()
 {
     SetData set;
     set.setNumber = QStringLiteral("12");
-    return set;
+    return {set, {}};
 }
 
 /// Collects completions and checks that they come on the main thread.
@@ -82,8 +83,8 @@ void TestPhotoWriter::tellsWhatItDoes()
     const CapturedOutput output;
     ExifToolService service(tool.config());
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
-    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someTagging(), results.next());
     service.stop();
     QTRY_COMPARE(results.tags, QList<bool>({true, true}));
     QTRY_COMPARE(tool.count(QStringLiteral("stop")), 1);
@@ -142,7 +143,7 @@ void TestPhotoWriter::outlivesFaults()
     ExifToolService service(tool.config());
     Results results;
     const QString photo = tool.photo(QStringLiteral("a.jpg"));
-    service.writeMetadata(photo, someSet(), {}, results.next());
+    service.writeMetadata(photo, someTagging(), results.next());
     QTRY_COMPARE_WITH_TIMEOUT(results.tags.size(), 1, 20'000);
     QTEST(results.tags.first(), "tagged");
     QCOMPARE(tool.count(QStringLiteral("launch")), launches);
@@ -151,7 +152,7 @@ void TestPhotoWriter::outlivesFaults()
     QVERIFY2(output.lines().contains(line), qPrintable(output.lines().join(u'\n')));
 
     // Whatever happened, the next photo finds a tool that works or fails on its own account.
-    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someTagging(), results.next());
     QTRY_COMPARE_WITH_TIMEOUT(results.tags.size(), 2, 20'000);
     QCOMPARE(results.tags.last(), !behaviours.endsWith("fail"));
     QCOMPARE(tool.count(QStringLiteral("overlap")), 0);
@@ -165,7 +166,7 @@ void TestPhotoWriter::restartsAtOnceWhenTheToolHasDied()
     config.writer.dropPatience = 10min;
     ExifToolService service(config);
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags, QList<bool>({true}));
 }
 
@@ -174,12 +175,12 @@ void TestPhotoWriter::restartsAToolThatWasKilledBetweenRequests()
     const FakeTool tool("ok");
     ExifToolService service(tool.config());
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags.size(), 1);
     const QList<int> children = test::childProcesses();
     QCOMPARE(children.size(), 1);
     ::kill(children.first(), SIGKILL);
-    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags, QList<bool>({true, true}));
     QVERIFY(tool.log().last().endsWith(QStringLiteral("-execute000003")));
 }
@@ -201,7 +202,7 @@ void TestPhotoWriter::startsAgainAfterAStop()
     service.start();
     service.stop();
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags, QList<bool>({true}));
     QTRY_COMPARE(test::childProcesses().size(), 1);
 }
@@ -215,13 +216,13 @@ void TestPhotoWriter::answersFalseWithoutATool()
     config.findTool = [&place] { return place; };
     ExifToolService service(config);
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
     QVERIFY(results.tags.isEmpty());
     QTRY_COMPARE(results.tags, QList<bool>({false}));
     QVERIFY(output.lines().contains(QStringLiteral("❌ ExifTool not found at: /nowhere/exiftool")));
 
     place = tool.photo(QStringLiteral("not executable"));
-    service.writeMetadata(tool.path(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.path(QStringLiteral("a.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags, QList<bool>({false, false}));
     QVERIFY(output.lines().contains(QStringLiteral("❌ Failed to start ExifTool: Permission denied")));
 }
@@ -249,11 +250,11 @@ void TestPhotoWriter::leavesOtherFilesAlone()
     QVERIFY(held.open(QIODevice::ReadWrite));
 
     Results results;
-    service.writeMetadata(tool.path(name), someSet(), {}, results.next());
+    service.writeMetadata(tool.path(name), someTagging(), results.next());
     QDir::setCurrent(tool.path({}));
-    service.writeMetadata(QStringLiteral("target.jpg"), someSet(), {}, results.next());
+    service.writeMetadata(QStringLiteral("target.jpg"), someTagging(), results.next());
     QDir::setCurrent(QStringLiteral("/"));
-    service.writeMetadata(target, someSet(), {}, results.next());
+    service.writeMetadata(target, someTagging(), results.next());
     QTRY_COMPARE(results.tags, QList<bool>({false, false, true}));
     QCOMPARE(results.order, upTo(3));
     QCOMPARE(tool.count(QStringLiteral("request")), 1);
@@ -266,7 +267,7 @@ void TestPhotoWriter::aRetryLooksAtThePhotoAgain()
     ExifToolService service(tool.config());
     Results results;
     QFile photo(tool.photo(QStringLiteral("a.jpg")));
-    service.writeMetadata(photo.fileName(), someSet(), {}, results.next());
+    service.writeMetadata(photo.fileName(), someTagging(), results.next());
     QTRY_COMPARE(tool.count(QStringLiteral("request")), 1);
     QVERIFY(photo.open(QIODevice::ReadWrite));
     QTRY_COMPARE(results.tags, QList<bool>({false}));
@@ -282,8 +283,8 @@ void TestPhotoWriter::removesAStaleTemporaryFile()
     QFile inUse(tool.photo(QStringLiteral("b.jpg_exiftool_tmp")));
     QVERIFY(inUse.open(QIODevice::ReadWrite));
     Results results;
-    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
-    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
+    service.writeMetadata(tool.photo(QStringLiteral("b.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags.size(), 2);
     QVERIFY(!QFile::exists(stale));
     QVERIFY(inUse.exists());
@@ -310,7 +311,7 @@ void TestPhotoWriter::clearsUpAFolder()
     QVERIFY(inUse.open(QIODevice::ReadWrite));
     Results results;
     service.clearUp(tool.path({}));
-    service.writeMetadata(tool.path(QStringLiteral("photo.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.path(QStringLiteral("photo.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.tags.size(), 1);
     QVERIFY(!QFile::exists(stale));
     QVERIFY(QFile::exists(ofNoPhoto) && olderThanItsPhoto.exists() && inUse.exists());
@@ -335,13 +336,13 @@ void TestPhotoWriter::quitsUnderLoad()
     ExifToolService service(config);
     Results results;
     for (int i = 0; i < photos; ++i)
-        service.writeMetadata(tool.photo(QStringLiteral("%1.jpg").arg(i)), someSet(), {}, results.next());
+        service.writeMetadata(tool.photo(QStringLiteral("%1.jpg").arg(i)), someTagging(), results.next());
     QTRY_COMPARE(tool.count(QStringLiteral("request")), 1);
 
     service.terminateForAppQuit();
     QCOMPARE(test::childProcesses(), QList<int>());
     QVERIFY(!QFile::exists(tool.path(QStringLiteral("0.jpg_exiftool_tmp"))));
-    service.writeMetadata(tool.path(QStringLiteral("1.jpg")), someSet(), {}, results.next());
+    service.writeMetadata(tool.path(QStringLiteral("1.jpg")), someTagging(), results.next());
     QTRY_COMPARE(results.order, upTo(photos + 1));
     QVERIFY(!results.tags.contains(true));
     QCOMPARE(tool.count(QStringLiteral("request")), 1);
@@ -355,7 +356,7 @@ void TestPhotoWriter::anAnswerWithinTheGraceCounts()
     Interrupt quit;
     std::atomic<int> tagged = -1;
     PhotoWriter writer(config.writer, config.findTool, quit);
-    writer.write(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, [&](bool success) { tagged = success; });
+    writer.write(tool.photo(QStringLiteral("a.jpg")), someTagging(), [&](bool success) { tagged = success; });
     QTRY_COMPARE(tool.count(QStringLiteral("request")), 1);
     quit.raise();
     writer.close();
@@ -372,7 +373,7 @@ void TestPhotoWriter::nothingIsCalledBackAfterTheEnd()
     {
         ExifToolService service(tool.config());
         for (int i = 0; i < 5; ++i)
-            service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
+            service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someTagging(), results.next());
     }
     QCoreApplication::processEvents();
     QVERIFY(results.tags.isEmpty());

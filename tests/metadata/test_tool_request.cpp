@@ -116,12 +116,12 @@ void TestToolRequest::tagsInOrder()
         QStringLiteral("-XMP:Headline=Set 12 — Noord"),
         QStringLiteral("-overwrite_original"),
     };
-    QCOMPARE(taggingOptions(set, QStringLiteral("Lente")), expected);
+    QCOMPARE(taggingOptions({set, morvak::samples::shootNamed(QStringLiteral("Lente"))}), expected);
 }
 
 void TestToolRequest::leavesOutWhatIsEmpty()
 {
-    const QStringList bare = taggingOptions({}, QString());
+    const QStringList bare = taggingOptions({{}, {}});
     QCOMPARE(bare.size(), 11);
     QVERIFY(bare.contains(QStringLiteral("-IPTC:Headline=")));
     QVERIFY(bare.contains(QStringLiteral("-XMP:Subject=")));
@@ -130,7 +130,7 @@ void TestToolRequest::leavesOutWhatIsEmpty()
 
     SetData blanks;
     blanks.location = QStringLiteral(" ");
-    QVERIFY(taggingOptions(blanks, QString()).contains(QStringLiteral("-IPTC:City= ")));
+    QVERIFY(taggingOptions({blanks, {}}).contains(QStringLiteral("-IPTC:City= ")));
 }
 
 MORVAK_TEST(TestToolRequest);

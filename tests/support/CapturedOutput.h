@@ -2,48 +2,49 @@
 
 #include "platform/Diagnostics.h"
 
-#include <QByteArray>
+#include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace morvak::test {
 
-/// Catches the diagnostic lines that are written while it lives.
+/// Catches what goes to standard output while it lives, diagnostic lines above all.
 class CapturedOutput {
 public:
-    CapturedOutput()
+    CapturedOutput() : m_file(::memfd_create("output", MFD_CLOEXEC))
     {
         flush();
-        if (::pipe(m_pipe) == 0) {
-            m_saved = ::dup(STDOUT_FILENO);
-            ::dup2(m_pipe[1], STDOUT_FILENO);
-            ::close(m_pipe[1]);
-        }
+        m_saved = ::dup(STDOUT_FILENO);
+        ::dup2(m_file, STDOUT_FILENO);
     }
     /// What nobody took, the report of a failed check among it, goes where it would have gone.
-    ~CapturedOutput() { std::fputs(take().toUtf8().constData(), stdout); }
+    ~CapturedOutput()
+    {
+        std::fputs(take().toUtf8().constData(), stdout);
+        ::close(m_file);
+    }
     Q_DISABLE_COPY_MOVE(CapturedOutput)
 
-    /// What was written until now; nothing more is caught after that. Must fit a pipe.
+    /// What was written until now; nothing more is caught after that.
     QString take()
     {
         if (m_saved < 0)
             return {};
-        flush();
-        ::dup2(m_saved, STDOUT_FILENO);  // closes the last writing end, so that reading comes to an end
-        ::close(m_saved);
-        m_saved = -1;
-        QByteArray text;
-        char chunk[4096];
-        for (ssize_t n = 0; (n = ::read(m_pipe[0], chunk, sizeof chunk)) > 0;)
-            text.append(chunk, n);
-        ::close(m_pipe[0]);
-        return QString::fromUtf8(text);
+        const QString text = caught();
+        ::dup2(m_saved, STDOUT_FILENO);
+        ::close(std::exchange(m_saved, -1));
+        return text;
     }
+
+    /// The lines until now; catching goes on.
+    [[nodiscard]] QStringList lines() const { return caught().split(u'\n', Qt::SkipEmptyParts); }
 
 private:
     static void flush()
@@ -52,7 +53,14 @@ private:
         flushDiagnostics(std::chrono::seconds(5));
     }
 
-    int m_pipe[2] = {-1, -1};
+    [[nodiscard]] QString caught() const
+    {
+        flush();
+        QFile file(QStringLiteral("/proc/self/fd/%1").arg(m_file));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    int m_file;
     int m_saved = -1;
 };
 

@@ -99,9 +99,8 @@ WatcherServices WatcherFixture::services()
         return std::nullopt;
     };
     result.readHeadline = [this](const QString& file) { return headlineOf(file); };
-    result.writeMetadata = [this](const QString& to, const SetData& set, const QString& shootName,
-                                  auto completion) {
-        writes.append({lastPathComponent(to), set.headline(), shootName, completion});
+    result.writeMetadata = [this](const QString& to, const Tagging& tagging, auto completion) {
+        writes.append({lastPathComponent(to), tagging.set.headline(), tagging.shootName(), completion});
         if (answersByItself)
             QMetaObject::invokeMethod(
                 &store, [this] { answerWrite(); }, Qt::QueuedConnection);

@@ -1,6 +1,6 @@
-#include "demo/PhotoCheck.h"
 #include "demo/Tether.h"
 #include "demo/TextTable.h"
+#include "driver/PhotoCheck.h"
 #include "sampleshoot/SampleShoot.h"
 #include "support/TestMain.h"
 
@@ -10,6 +10,7 @@
 
 using namespace morvak;
 using namespace morvak::demo;
+using namespace morvak::driver;
 using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 
@@ -54,16 +55,15 @@ private Q_SLOTS:
 
 void TestDemoParts::everyWrongTagIsTold()
 {
-    const SetData set = samples::sampleSets().constFirst();
-    const QString shoot = u"77"_s;
-    QCOMPARE(tagFaults(rightTags(), set, shoot), QStringList());
+    const Tagging tagging = samples::sampleTagging(u"77"_s);
+    QCOMPARE(tagFaults(rightTags(), tagging), QStringList());
     for (const QString& tag : rightTags().keys()) {
         PhotoTags missing = rightTags();
         missing.remove(tag);
         PhotoTags other = rightTags();
         other.insert(tag, QJsonArray{u"something"_s, u"else"_s});
         for (const PhotoTags& tags : {missing, other}) {
-            const QStringList faults = tagFaults(tags, set, shoot);
+            const QStringList faults = tagFaults(tags, tagging);
             QCOMPARE(faults.size(), 1);
             QVERIFY(faults.constFirst().startsWith(tag));
         }

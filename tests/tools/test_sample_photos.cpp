@@ -1,4 +1,4 @@
-#include "demo/PhotoCheck.h"
+#include "driver/PhotoCheck.h"
 #include "metadata/TaggingRequest.h"
 #include "metadata/ToolLookup.h"
 #include "sampleshoot/PhotoEncoders.h"
@@ -169,15 +169,15 @@ void TestSamplePhotos::exifToolTagsItAndLeavesThePicture()
     const QByteArray preview = embedded.isEmpty() ? QByteArray() : exifTool({u"-b"_s, embedded}, path);
     QCOMPARE(QImage::fromData(preview).size(), embeddedSize);
 
-    const SetData set = sampleSets().constLast();
-    const QByteArray answer = exifTool(taggingOptions(set, u"Shoot"_s) + QStringList{u"-q"_s}, path);
+    const Tagging tagging(sampleSets().constLast(), shootNamed(u"Shoot"_s));
+    const QByteArray answer = exifTool(taggingOptions(tagging) + QStringList{u"-q"_s}, path);
     QCOMPARE(answer, QByteArray());
-    const auto tags = demo::readTags(folder.path(), {name}, QProcessEnvironment::systemEnvironment());
+    const auto tags = driver::readTags(folder.path(), {name}, QProcessEnvironment::systemEnvironment());
     QVERIFY(tags);
-    QCOMPARE(demo::tagFaults(tags->value(name), set, u"Shoot"_s), QStringList());
+    QCOMPARE(driver::tagFaults(tags->value(name), tagging), QStringList());
     const QByteArray tagged = fileBytes(path);
     QVERIFY(tagged != original);
-    QVERIFY(demo::hasSamePicture(original, tagged));
+    QVERIFY(driver::hasSamePicture(original, tagged));
     QCOMPARE(longestStrip(path), strip);
     QCOMPARE(embedded.isEmpty() ? QByteArray() : exifTool({u"-b"_s, embedded}, path), preview);
 }

@@ -1,22 +1,26 @@
 #include "demo/Demo.h"
 
-#include "demo/PhotoCheck.h"
 #include "demo/Report.h"
 #include "demo/Tether.h"
 #include "demo/TextTable.h"
+#include "driver/PhotoCheck.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLocale>
 
+#include <algorithm>
+#include <array>
+#include <csignal>
+
 namespace morvak::demo {
 
 namespace {
 
 using namespace std::chrono_literals;
+using driver::PhotoTags;
 
-constexpr auto startLimit = 10s;
 constexpr auto quitLimit = 5s;
 constexpr auto cableTime = 480ms;  // a photo on its way
 constexpr auto betweenPhotos = 350ms;
@@ -26,21 +30,37 @@ const QString camera = QStringLiteral("camera");
 const QString morvakItself = QStringLiteral("Morvak");
 const QString stage = QStringLiteral("demo  ");
 
-const QString shootName = QStringLiteral("Voorjaar – lookbook");
-
 QString megabytes(const QByteArray& bytes)
 {
     return QLocale(QLocale::Dutch).toString(static_cast<double>(bytes.size()) / 1e6, 'f', 1) +
            QStringLiteral(" MB");
 }
 
+/// How the lines for developers begin; every other line is the user's log.
+bool isDiagnostic(const QString& line)
+{
+    static const std::array<QString, 8> beginnings{
+        QStringLiteral("📁"),          QStringLiteral("🏷️"),    QStringLiteral("🖼️"),
+        QStringLiteral("🔧"),          QStringLiteral("⏱️"),     QStringLiteral("✅ Tagged:"),
+        QStringLiteral("✅ ExifTool"), QStringLiteral("❌ Failed to")};
+    return std::ranges::any_of(beginnings, [&line](const QString& text) { return line.startsWith(text); });
+}
+
+bool isRefusal(const QString& line)
+{
+    return line.endsWith(QStringLiteral(" overgeslagen")) ||
+           line.startsWith(QStringLiteral("❌ Tagging mislukt: "));
+}
+
 }  // namespace
 
-Demo::Demo(QString program, const Profile& profile, Pacer& pacer)
-    : m_pacer(pacer), m_profile(profile), m_sets(samples::sampleSets()), m_program(std::move(program))
+Demo::Demo(QString program, driver::Pacer& pacer)
+    : m_pacer(pacer), m_sets(samples::sampleSets()), m_program(std::move(program))
 {
-    QObject::connect(&m_program, &MorvakProcess::logged, &m_program,
-                     [](const QString& line) { report::event(morvakItself, line); });
+    QObject::connect(&m_program, &driver::MorvakProcess::said, &m_program, [](const QString& line) {
+        if (!isDiagnostic(line))
+            report::event(morvakItself, line);
+    });
 }
 
 bool Demo::run()
@@ -54,21 +74,19 @@ bool Demo::prepare()
     report::plain(QStringLiteral(
         "Een kleine shoot met twee sets, in een tijdelijke map. Elke set begint met de foto van\n"
         "zijn kaart; de foto's daarna krijgen de gegevens van die set.\n"));
-    if (!m_profile.isValid())
+    if (!m_program.profile().isValid())
         return giveUp(QStringLiteral("Er kan geen tijdelijke map worden gemaakt."));
     report::event(stage, QStringLiteral("Foto's en setkaarten worden getekend …"));
     m_photos = samples::sampleShoot(m_sets);
-    m_profile.makeShoot(shootName, QStringLiteral("Den Haag"), QStringLiteral("Noord"));
+    m_shoot = m_program.profile().makeShoot(QStringLiteral("Voorjaar – lookbook"), QStringLiteral("Den Haag"),
+                                            QStringLiteral("Noord"));
     return true;
 }
 
 bool Demo::startProgram()
 {
     report::event(stage, QStringLiteral("Morvak wordt gestart …"));
-    m_program.start(m_profile.environment());
-    const QString folder = m_profile.photoFolder();
-    const auto settled = [&] { return m_program.isWatching(folder) || m_program.hasEnded(); };
-    if (!m_pacer.waitUntil(settled, startLimit) || m_program.hasEnded())
+    if (!m_program.start(m_pacer))
         return giveUp(QStringLiteral("Morvak is niet begonnen met kijken naar de map. ") +
                       m_program.complaint());
     return true;
@@ -100,7 +118,7 @@ bool Demo::shootOne(qsizetype index)
                                         : QString(),
                            hurried ? QStringLiteral(" – direct na de kaart") : QString()));
     const Delivery delivery = index % 3 == 2 ? Delivery::Renamed : Delivery::Direct;
-    const QString path = m_profile.photoFolder() + u'/' + photo.name;
+    const QString path = m_program.folder() + u'/' + photo.name;
     if (!deliver(photo.bytes, path, delivery, hurried ? 0ms : cableTime, m_pacer))
         return giveUp(QStringLiteral("De foto %1 kon niet worden weggeschreven.").arg(photo.name));
     return true;
@@ -113,12 +131,10 @@ bool Demo::waitForTags(qsizetype count)
             m_photos.cbegin(), m_photos.cbegin() + count,
             [&](const samples::SamplePhoto& photo) { return m_program.hasTagged(photo.name); });
     };
-    const auto settled = [&] {
-        return allTagged() || m_program.hasEnded() || !m_program.refusal().isEmpty();
-    };
+    const auto settled = [&] { return allTagged() || m_program.hasEnded() || !refusal().isEmpty(); };
     if (!m_pacer.waitUntil(settled) || !allTagged()) {
-        if (!m_program.refusal().isEmpty())
-            return giveUp(m_program.refusal());
+        if (!refusal().isEmpty())
+            return giveUp(refusal());
         QStringList missing;
         for (const samples::SamplePhoto& photo : m_photos.first(count)) {
             if (!m_program.hasTagged(photo.name))
@@ -133,7 +149,7 @@ bool Demo::waitForTags(qsizetype count)
 
 bool Demo::stopProgram()
 {
-    m_program.quit();
+    m_program.signal(SIGTERM);
     if (!m_pacer.waitUntil([this] { return m_program.hasEnded(); }, quitLimit) || !m_program.endedWell())
         return giveUp(QStringLiteral("Morvak is niet netjes gestopt. ") + m_program.complaint());
     report::event(stage, QStringLiteral("Morvak is gestopt."));
@@ -145,7 +161,7 @@ bool Demo::judge()
     QStringList names;
     for (const samples::SamplePhoto& photo : m_photos)
         names.append(photo.name);
-    const auto photos = readTags(m_profile.photoFolder(), names, m_profile.environment());
+    const auto photos = driver::readTags(m_program.folder(), names, m_program.profile().environment());
     if (!photos)
         return giveUp(QStringLiteral("De gegevens in de foto's konden niet worden teruggelezen."));
 
@@ -153,7 +169,9 @@ bool Demo::judge()
     QList<QStringList> rows;
     for (const samples::SamplePhoto& photo : m_photos) {
         const PhotoTags tags = photos->value(photo.name);
-        const auto value = [&tags](const char* tag) { return tagValues(tags, QLatin1String(tag)).value(0); };
+        const auto value = [&tags](const char* tag) {
+            return driver::tagValues(tags, QLatin1String(tag)).value(0);
+        };
         const QStringList found = faultsOf(photo, tags);
         rows.append({found.isEmpty() ? QStringLiteral("✓") : QStringLiteral("✗"), photo.name,
                      value("XMP:Headline"), value("XMP:Subject"), value("XMP:Creator"), value("XMP:City")});
@@ -176,9 +194,9 @@ bool Demo::judge()
 
 QStringList Demo::faultsOf(const samples::SamplePhoto& photo, const PhotoTags& tags) const
 {
-    QStringList faults = tagFaults(tags, m_sets.at(photo.set), shootName);
-    QFile file(m_profile.photoFolder() + u'/' + photo.name);
-    if (!file.open(QIODevice::ReadOnly) || !hasSamePicture(photo.bytes, file.readAll()))
+    QStringList faults = driver::tagFaults(tags, {m_sets.at(photo.set), m_shoot});
+    QFile file(m_program.folder() + u'/' + photo.name);
+    if (!file.open(QIODevice::ReadOnly) || !driver::hasSamePicture(photo.bytes, file.readAll()))
         faults.append(QStringLiteral("het beeld is niet meer wat het was"));
     return faults;
 }
@@ -186,12 +204,19 @@ QStringList Demo::faultsOf(const samples::SamplePhoto& photo, const PhotoTags& t
 QStringList Demo::leftOvers() const
 {
     QStringList names =
-        QDir(m_profile.photoFolder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        QDir(m_program.folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const samples::SamplePhoto& photo : m_photos)
         names.removeAll(photo.name);
     for (QString& name : names)
         name.prepend(QStringLiteral("Achtergebleven in de map: "));
     return names;
+}
+
+QString Demo::refusal() const
+{
+    const QStringList& lines = m_program.lines();
+    const auto found = std::ranges::find_if(lines, isRefusal);
+    return found == lines.cend() ? QString() : *found;
 }
 
 bool Demo::giveUp(const QString& reason) const

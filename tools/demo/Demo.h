@@ -1,9 +1,7 @@
 #pragma once
 
-#include "demo/MorvakProcess.h"
-#include "demo/Pacer.h"
-#include "demo/Profile.h"
-#include "demo/ReadBack.h"
+#include "driver/MorvakProcess.h"
+#include "driver/ReadBack.h"
 #include "sampleshoot/SampleShoot.h"
 
 namespace morvak::demo {
@@ -13,8 +11,8 @@ namespace morvak::demo {
 /// Main thread. What it starts is gone when the object is, what it writes goes with the profile.
 class Demo {
 public:
-    /// `program` is the path of the real program. Profile and pacer must outlive the object.
-    Demo(QString program, const Profile& profile, Pacer& pacer);
+    /// `program` is the path of the real program. The pacer must outlive the object.
+    Demo(QString program, driver::Pacer& pacer);
 
     /// True when every photo carries exactly what it should.
     [[nodiscard]] bool run();
@@ -27,17 +25,21 @@ private:
     [[nodiscard]] bool waitForTags(qsizetype count);
     [[nodiscard]] bool stopProgram();
     [[nodiscard]] bool judge();
-    [[nodiscard]] QStringList faultsOf(const samples::SamplePhoto& photo, const PhotoTags& tags) const;
+    [[nodiscard]] QStringList faultsOf(const samples::SamplePhoto& photo,
+                                       const driver::PhotoTags& tags) const;
     [[nodiscard]] QStringList leftOvers() const;
+
+    /// The first line of the log that says a photo will not be tagged; empty while there is none.
+    [[nodiscard]] QString refusal() const;
 
     /// Tells why the demonstration does not go on; false, for the caller to return.
     [[nodiscard]] bool giveUp(const QString& reason) const;
 
-    Pacer& m_pacer;
-    const Profile& m_profile;
+    driver::Pacer& m_pacer;
+    Shoot m_shoot;
     QList<SetData> m_sets;
     QList<samples::SamplePhoto> m_photos;
-    MorvakProcess m_program;
+    driver::MorvakProcess m_program;
 };
 
 }  // namespace morvak::demo

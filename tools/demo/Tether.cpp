@@ -10,7 +10,8 @@ namespace {
 
 constexpr int pieces = 8;
 
-bool writeInPieces(QFile& file, const QByteArray& photo, std::chrono::milliseconds duration, Pacer& pacer)
+bool writeInPieces(QFile& file, const QByteArray& photo, std::chrono::milliseconds duration,
+                   driver::Pacer& pacer)
 {
     const qsizetype step = photo.size() / pieces + 1;
     for (qsizetype at = 0; at < photo.size(); at += step) {
@@ -26,7 +27,7 @@ bool writeInPieces(QFile& file, const QByteArray& photo, std::chrono::millisecon
 }  // namespace
 
 bool deliver(const QByteArray& photo, const QString& path, Delivery delivery,
-             std::chrono::milliseconds duration, Pacer& pacer)
+             std::chrono::milliseconds duration, driver::Pacer& pacer)
 {
     const bool renames = delivery == Delivery::Renamed;
     QFile file(renames ? path + QStringLiteral(".part") : path);

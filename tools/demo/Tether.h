@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/Pacer.h"
+#include "driver/Pacer.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,6 +16,6 @@ enum class Delivery {
 /// Writes a photo as it comes over the cable: in pieces that take `duration` together. False when the file
 /// could not be written, or the pacer was stopped before it was whole.
 [[nodiscard]] bool deliver(const QByteArray& photo, const QString& path, Delivery delivery,
-                           std::chrono::milliseconds duration, Pacer& pacer);
+                           std::chrono::milliseconds duration, driver::Pacer& pacer);
 
 }  // namespace morvak::demo

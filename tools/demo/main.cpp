@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -15,12 +16,12 @@ namespace {
 
 /// Draws, but shows no window itself, and leaves the user's folders alone; the program it starts gets an
 /// environment of its own.
-void prepareOwnEnvironment(const demo::Profile& profile)
+void prepareOwnEnvironment(const QTemporaryDir& runtimeFolder)
 {
     qputenv("LC_ALL", "C.UTF-8");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
-        qputenv("XDG_RUNTIME_DIR", profile.runtimeFolder().toUtf8());
+        qputenv("XDG_RUNTIME_DIR", runtimeFolder.path().toUtf8());
 }
 
 }  // namespace
@@ -29,8 +30,8 @@ int main(int argc, char** argv)
 {
     constexpr std::chrono::seconds wholeTime(60);
     ignoreStraySignals();
-    const demo::Profile profile;
-    prepareOwnEnvironment(profile);
+    const QTemporaryDir runtimeFolder;
+    prepareOwnEnvironment(runtimeFolder);
     const QGuiApplication application(argc, argv);
 
     const QString program = QCoreApplication::applicationDirPath() + QStringLiteral("/morvak");
@@ -38,7 +39,7 @@ int main(int argc, char** argv)
         std::fputs("morvak staat niet naast morvak-demo; bouw het eerst.\n", stderr);
         return 1;
     }
-    demo::Pacer pacer(wholeTime);
+    driver::Pacer pacer(wholeTime);
     onQuitRequest(&pacer, [&pacer] { pacer.stop(); });
-    return demo::Demo(program, profile, pacer).run() ? 0 : 1;
+    return demo::Demo(program, pacer).run() ? 0 : 1;
 }

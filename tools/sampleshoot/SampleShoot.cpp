@@ -47,6 +47,18 @@ SetData makeSet(const QString& number, const QString& brand, const QString& mode
 
 }  // namespace
 
+Shoot shootNamed(const QString& name)
+{
+    Shoot shoot;
+    shoot.name = name;
+    return shoot;
+}
+
+Tagging sampleTagging(const QString& shootName)
+{
+    return {sampleSets().constFirst(), shootNamed(shootName)};
+}
+
 QList<SetData> sampleSets()
 {
     return {makeSet(QStringLiteral("12"), QStringLiteral("Noord"), QStringLiteral("Anna"),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/SetData.h"
+#include "model/Tagging.h"
 
 #include <QByteArray>
 #include <QList>
@@ -18,6 +18,12 @@ struct SamplePhoto {
 
 /// Two sets of a small fashion shoot, with text as photographers write it.
 [[nodiscard]] QList<SetData> sampleSets();
+
+/// The first of them, as a photo of a shoot of that name gets it.
+[[nodiscard]] Tagging sampleTagging(const QString& shootName);
+
+/// A shoot with nothing but its name.
+[[nodiscard]] Shoot shootNamed(const QString& name);
 
 /// The shoot of `sampleSets`: for each set its photographed card, then photos as JPEG, TIFF and RAW
 /// containers of several makers, upright and turned. Takes a few seconds; needs a QGuiApplication, for the

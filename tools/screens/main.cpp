@@ -26,11 +26,12 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QHash>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include <array>
 #include <chrono>
 
 #include <cstdio>
@@ -63,6 +64,15 @@ UpdateConfig knownUpdate(const QString& preferences)
     config.currentVersion = u"1.0.0"_s;
     config.preferencesPath = preferences;
     return config;
+}
+
+/// Some pictures have an English name, to be found beside earlier ones; every other tab gives its own.
+QString pictureOf(const QString& tabTitle)
+{
+    static const QHash<QString, QString> english{
+        {u"Watch Folder"_s, u"watch"_s}, {u"Hernoemen"_s, u"rename"_s}, {u"Handleiding"_s, u"manual"_s}};
+    static const QRegularExpression notInNames(u"\\W+"_s, QRegularExpression::UseUnicodePropertiesOption);
+    return english.value(tabTitle, tabTitle.toLower().replace(notInNames, u"-"_s));
 }
 
 class Screens {
@@ -100,13 +110,13 @@ public:
 private:
     void shootTabs(const QSize& size)
     {
-        static const std::array tabs{u"sets"_s, u"watch"_s, u"rename"_s, u"log"_s, u"manual"_s};
         MainView window(m_services);
         window.resize(size);
         window.show();
-        for (int tab = 0; tab < int(tabs.size()); ++tab) {
+        const QStringList titles = window.tabTitles();
+        for (int tab = 0; tab < titles.size(); ++tab) {
             window.setSelectedTab(tab);
-            save(window, u"%1-%2"_s.arg(tabs[std::size_t(tab)]).arg(size.width()));
+            save(window, u"%1-%2"_s.arg(pictureOf(titles[tab])).arg(size.width()));
         }
     }
 

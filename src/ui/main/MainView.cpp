@@ -118,6 +118,11 @@ void MainView::makeShortcuts()
     });
 }
 
+QStringList MainView::tabTitles() const
+{
+    return m_switch->segments();
+}
+
 int MainView::selectedTab() const
 {
     return m_switch->currentIndex();

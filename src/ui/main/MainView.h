@@ -24,7 +24,10 @@ public:
     explicit MainView(UiServices& services, QWidget* parent = nullptr);
     ~MainView() override;
 
-    /// 0 "Sets", 1 "Watch Folder", 2 "Hernoemen", 3 "Log", 4 "Handleiding".
+    /// From left to right; the first is that of the sets.
+    [[nodiscard]] QStringList tabTitles() const;
+
+    /// An index into `tabTitles`.
     [[nodiscard]] int selectedTab() const;
     void setSelectedTab(int index);
 

@@ -1,3 +1,4 @@
+#include "model/FindById.h"
 #include "support/ScannerKeys.h"
 #include "support/TestMain.h"
 #include "support/UiFixture.h"
@@ -241,7 +242,7 @@ void TestScanner::everyScannerActivatesItsSet()
     QStringList expected;
     for (int number = 0; number < 200; ++number) {
         desk.keys.pause();
-        desk.window.setSelectedTab(random.bounded(5));
+        desk.window.setSelectedTab(random.bounded(int(desk.window.tabTitles().size())));
         const QWidgetList places = desk.focusPlaces();
         QWidget* const focused = places[random.bounded(int(places.size()))];
         focused->setFocus();
@@ -261,8 +262,7 @@ void TestScanner::everyScannerActivatesItsSet()
     QStringList activated;
     const QList<SetData> sets = desk.store.activeShoot()->sets;
     for (const SetActivation& activation : activations()) {
-        const auto set = std::find_if(sets.begin(), sets.end(),
-                                      [&](const SetData& s) { return s.id == activation.setId; });
+        const SetData* const set = findById(sets, activation.setId);
         activated.append(set->headline() + set->description());
     }
     QCOMPARE(activated, expected);

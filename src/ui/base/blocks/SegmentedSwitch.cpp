@@ -52,6 +52,14 @@ SegmentedSwitch::SegmentedSwitch(const QString& name, const QStringList& segment
     });
 }
 
+QStringList SegmentedSwitch::segments() const
+{
+    QStringList texts;
+    for (int index = 0; const QAbstractButton* const button = m_group->button(index); ++index)
+        texts.append(button->text());
+    return texts;
+}
+
 int SegmentedSwitch::currentIndex() const
 {
     return m_group->checkedId();

@@ -14,6 +14,7 @@ public:
     /// `name` is the accessible name; the first segment is down.
     SegmentedSwitch(const QString& name, const QStringList& segments, QWidget* parent = nullptr);
 
+    [[nodiscard]] QStringList segments() const;
     [[nodiscard]] int currentIndex() const;
     /// An index that no segment has changes nothing.
     void setCurrentIndex(int index);

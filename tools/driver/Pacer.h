@@ -6,7 +6,7 @@
 #include <chrono>
 #include <functional>
 
-namespace morvak::demo {
+namespace morvak::driver {
 
 /// Lets a straight-line script wait while the event loop goes on, until the whole time is up or somebody says
 /// stop. Main thread.
@@ -39,4 +39,4 @@ private:
     bool m_stopped = false;
 };
 
-}  // namespace morvak::demo
+}  // namespace morvak::driver

@@ -1,4 +1,4 @@
-#include "demo/ReadBack.h"
+#include "driver/ReadBack.h"
 
 #include "metadata/ToolLookup.h"
 
@@ -6,14 +6,15 @@
 #include <QJsonDocument>
 #include <QProcess>
 
-namespace morvak::demo {
+namespace morvak::driver {
 
 std::optional<QHash<QString, PhotoTags>> readTags(const QString& folder, const QStringList& names,
                                                   const QProcessEnvironment& environment)
 {
     QStringList arguments{QStringLiteral("-q"),       QStringLiteral("-j"),
                           QStringLiteral("-G0"),      QStringLiteral("-FileName"),
-                          QStringLiteral("-XMP:all"), QStringLiteral("-IPTC:all")};
+                          QStringLiteral("-XMP:all"), QStringLiteral("-IPTC:all"),
+                          QStringLiteral("-Warning"), QStringLiteral("-Error")};
     for (const QString& name : names)
         arguments.append(QStringLiteral("./") + name);
     QProcess tool;
@@ -21,7 +22,7 @@ std::optional<QHash<QString, PhotoTags>> readTags(const QString& folder, const Q
     tool.setProcessEnvironment(environment);
     tool.setStandardErrorFile(QProcess::nullDevice());
     tool.start(findExifTool(QString()), arguments, QIODevice::ReadOnly);
-    if (!tool.waitForFinished(10'000 + 50 * static_cast<int>(names.size()))) {
+    if (!tool.waitForFinished(30'000 + 50 * static_cast<int>(names.size()))) {
         tool.kill();
         tool.waitForFinished();
         return std::nullopt;
@@ -35,4 +36,4 @@ std::optional<QHash<QString, PhotoTags>> readTags(const QString& folder, const Q
     return photos;
 }
 
-}  // namespace morvak::demo
+}  // namespace morvak::driver

@@ -1,10 +1,10 @@
-#include "demo/Pacer.h"
+#include "driver/Pacer.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
 
-namespace morvak::demo {
+namespace morvak::driver {
 
 Pacer::Pacer(std::chrono::milliseconds wholeTime)
 {
@@ -46,4 +46,4 @@ void Pacer::stop()
     m_stopped = true;
 }
 
-}  // namespace morvak::demo
+}  // namespace morvak::driver
