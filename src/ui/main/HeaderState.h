@@ -17,6 +17,8 @@ struct HeaderFacts {
     std::optional<QUuid> activeShootId;
     std::optional<QUuid> activeSetId;
     std::optional<LogEntry> lastFailure;
+    QString shootsProblem;   ///< why the shoots cannot be saved; empty while they are
+    QString catalogProblem;  ///< the same of the product catalog
 };
 
 /// What the header says at a glance.
@@ -28,6 +30,7 @@ struct HeaderState {
     QString difference;  ///< in words, where photos get another set than the active one; else empty
     QString failure;     ///< "14:03:22  ❌ ..."; empty when nothing has gone wrong
     Role failureRole = Role::secondary;
+    QString unsaved;  ///< in words, what cannot be saved and why; else empty
 };
 
 /// Pure; any thread.
@@ -40,6 +43,7 @@ public:
 private:
     [[nodiscard]] static QString watching(WatchState state);
     [[nodiscard]] static QString difference(const HeaderFacts& facts);
+    [[nodiscard]] static QString unsaved(const HeaderFacts& facts);
 };
 
 }  // namespace morvak
