@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 
+#include "app/SaveReport.h"
 #include "app/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Diagnostics.h"
@@ -42,6 +43,8 @@ Composition::Composition(const CompositionParts& parts)
       m_watcher(watcherServices(parts.exifTool))
 {
     printLog(m_watcher);
+    reportSaving(m_shoots.saver(), m_watcher);
+    reportSaving(m_catalog.saver(), m_watcher);
 }
 
 Composition::~Composition() = default;
@@ -133,8 +136,17 @@ void Composition::quit()
 {
     m_scanner.reset();
     m_watcher.prepareToQuit();
+    saveRest();
     m_shell.reset();
     m_parts.exifTool.terminateForAppQuit();
+}
+
+void Composition::saveRest()
+{
+    m_shoots.saveRest();
+    m_catalog.saveRest();
+    reportUnsaved(m_shoots.saver());
+    reportUnsaved(m_catalog.saver());
 }
 
 }  // namespace morvak

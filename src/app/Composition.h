@@ -56,10 +56,11 @@ public:
     /// Takes scans from a file descriptor as well.
     void readScans(int fd);
 
-    /// Ends everything in order; blocks for at most about 1.5 seconds.
+    /// Ends everything in order and saves what is not saved yet; blocks for at most about 1.5 seconds.
     void quit();
 
     [[nodiscard]] ShootManager& shoots() { return m_shoots; }
+    [[nodiscard]] ProductCatalog& catalog() { return m_catalog; }
     [[nodiscard]] FolderWatcher& watcher() { return m_watcher; }
     [[nodiscard]] Shell* shell() { return m_shell.get(); }  ///< null without windows
 
@@ -69,6 +70,7 @@ Q_SIGNALS:
 private:
     void takeUpShoots();
     void followActiveShoot();
+    void saveRest();
 
     CompositionParts m_parts;
     ShootManager m_shoots;

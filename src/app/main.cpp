@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLibraryInfo>
 #include <QThreadPool>
 #include <QTimer>
@@ -74,15 +75,30 @@ int answer(const StartAnswer& answer)
     return answer.exitCode;
 }
 
+bool isSeen()
+{
+    return QGuiApplication::platformName() != u"offscreen"_s;
+}
+
+/// Who started Morvak from the desktop sees no terminal.
+void complain(const QString& problem, Theme::Choice choice)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(problem));
+    if (!isSeen())
+        return;
+    Theme theme;
+    theme.setChoice(choice);
+    DesktopDialogs().alert(nullptr, u"Morvak start niet"_s, problem);
+}
+
 int run(const StartOptions& options, bool unseen, SingleInstance& instance)
 {
-    const bool isSeen = QGuiApplication::platformName() != u"offscreen"_s;
     Composition morvak({.exifTool = ExifToolService::shared(),
                         .updates = UpdateChecker::shared(),
                         .storeFile = storeFolder() + u"/shoots.json"_s,
                         .catalogFile = storeFolder() + u"/catalog.json"_s,
                         .version = QStringLiteral(MORVAK_VERSION),
-                        .checksForUpdates = isSeen});
+                        .checksForUpdates = isSeen()});
     QObject::connect(&morvak, &Composition::quitAsked, qApp, [] { QCoreApplication::exit(); });
     QObject::connect(&instance, &SingleInstance::activationAsked, &morvak, &Composition::bringToFront);
     QObject::connect(&instance, &SingleInstance::filesHandedOver, &morvak,
@@ -114,6 +130,8 @@ int run(const StartOptions& options, bool unseen, SingleInstance& instance)
 int main(int argc, char** argv)
 {
     ignoreStraySignals();
+    // Qt and the tools that Morvak starts look for the home by themselves.
+    qputenv("HOME", QFile::encodeName(homeFolder()));
     const auto commandLine = readCommandLine(argc, argv);
     if (const auto* const text = std::get_if<StartAnswer>(&commandLine))
         return answer(*text);
@@ -141,9 +159,10 @@ int main(int argc, char** argv)
             status = run(options, unseen, instance);
             break;
         case SingleInstance::Outcome::HandedOver:
+            diagnostic(u"ℹ️ Morvak draait al en neemt het over"_s);
             break;
         case SingleInstance::Outcome::Failed:
-            std::fprintf(stderr, "%s\n", qPrintable(instance.problem()));
+            complain(instance.problem(), options.theme.value_or(Theme::Choice::system));
             status = 1;
             break;
     }

@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 #include "metadata/ExifToolService.h"
+#include "support/FullDisk.h"
 #include "support/PrivateUpdates.h"
 #include "support/TestMain.h"
 #include "ui/sets/ScanBar.h"
@@ -10,6 +11,8 @@
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace morvak;
@@ -73,6 +76,8 @@ private Q_SLOTS:
     void tagsAPhotoFromStartToQuit();
     void handedOverFileComesAfterTheShootsThatAreThere();
     void watcherFollowsTheActiveShootOnly();
+    void storesThatCannotBeSavedAreReportedOnce();
+    void quitSavesWhatIsNotSavedYet();
 };
 
 void TestComposition::tagsAPhotoFromStartToQuit()
@@ -126,6 +131,50 @@ void TestComposition::watcherFollowsTheActiveShootOnly()
     QCOMPARE(morvak.watcher().watchPath(), profile.folder(u"Lente"_s));
     QTRY_VERIFY(morvak.watcher().isWatching());
     morvak.quit();
+}
+
+void TestComposition::storesThatCannotBeSavedAreReportedOnce()
+{
+    Profile profile;
+    Composition morvak(profile.parts());
+    morvak.runUnseen();
+    const auto lines = [&morvak](const QString& text) {
+        return std::ranges::count_if(morvak.watcher().log(), [&text](const LogEntry& entry) {
+            return entry.message.contains(text) && entry.message.contains(u".json"_s);
+        });
+    };
+    for (int failures = 1; failures <= 2; ++failures) {
+        {
+            const test::FullDisk disk(10);
+            for (const auto& name : {u"A"_s, u"B"_s, u"C"_s}) {
+                morvak.shoots().createShoot(name, {}, {});
+                morvak.catalog().addClient(name + QString::number(failures));
+            }
+            QTRY_COMPARE(lines(u"is niet bewaard"_s), 2 * failures);
+        }
+        morvak.shoots().save();
+        morvak.catalog().save();
+        QTRY_COMPARE(lines(u"is weer bewaard"_s), 2 * failures);
+        QCOMPARE(lines(u"is niet bewaard"_s), 2 * failures);
+    }
+    morvak.quit();
+}
+
+void TestComposition::quitSavesWhatIsNotSavedYet()
+{
+    Profile profile;
+    Composition morvak(profile.parts());
+    morvak.runUnseen();
+    {
+        const test::FullDisk disk(10);
+        morvak.shoots().createShoot(u"Zomer"_s, {}, {});
+        morvak.catalog().addClient(u"Kestrum"_s);
+    }
+    morvak.quit();
+    QCOMPARE(profile.storedShoots(), QStringList({u"Zomer"_s, u"Herfst"_s, u"Lente"_s}));
+    ProductCatalog stored(profile.parts().catalogFile);
+    stored.load();
+    QCOMPARE(stored.clients(), QStringList{u"Kestrum"_s});
 }
 
 MORVAK_TEST(TestComposition);
