@@ -31,7 +31,8 @@ void quitWhenAsked(QGuiApplication& application)
 {
     application.installEventFilter(new QuitFilter(&application));
     onQuitRequest(&application, [] { QCoreApplication::exit(0); });
-    // Everything is saved as it happens. A session that is restored must not open this start's files again.
+    // Nothing needs saving before the quit. A session that is restored must not open this start's files
+    // again.
     QObject::connect(
         &application, &QGuiApplication::saveStateRequest, &application,
         [](QSessionManager& session) {

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QLibraryInfo>
 #include <QThreadPool>
 #include <QTimer>
@@ -77,6 +78,22 @@ int answer(const StartAnswer& answer)
     return answer.exitCode;
 }
 
+bool isSeen()
+{
+    return QGuiApplication::platformName() != u"offscreen"_s;
+}
+
+/// Who started Morvak from the desktop sees no terminal.
+void complain(const QString& problem, Theme::Choice choice)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(problem));
+    if (!isSeen())
+        return;
+    Theme theme;
+    theme.setChoice(choice);
+    DesktopDialogs().alert(nullptr, u"Morvak start niet"_s, problem);
+}
+
 using OpenFiles = std::function<void(const QStringList&)>;
 
 /// From here on things happen: scans, and the files of this start.
@@ -104,7 +121,7 @@ int runUnseen(Engine& engine, const StartOptions& options, SingleInstance& insta
 int runInWindows(Engine& engine, const StartOptions& options, SingleInstance& instance)
 {
     UpdateChecker& updates = UpdateChecker::shared();
-    if (QGuiApplication::platformName() != u"offscreen"_s)  // nobody would see what it finds
+    if (isSeen())  // nobody else would see what it finds
         updates.start();
     Theme theme;
     theme.setChoice(options.theme.value_or(Theme::Choice::system));
@@ -141,6 +158,8 @@ int run(const StartOptions& options, bool unseen, SingleInstance& instance)
 int main(int argc, char** argv)
 {
     ignoreStraySignals();
+    // Qt and the tools that Morvak starts look for the home by themselves.
+    qputenv("HOME", QFile::encodeName(homeFolder()));
     const auto commandLine = readCommandLine(argc, argv);
     if (const auto* const text = std::get_if<StartAnswer>(&commandLine))
         return answer(*text);
@@ -168,9 +187,10 @@ int main(int argc, char** argv)
             status = run(options, unseen, instance);
             break;
         case SingleInstance::Outcome::HandedOver:
+            diagnostic(u"ℹ️ Morvak draait al en neemt het over"_s);
             break;
         case SingleInstance::Outcome::Failed:
-            std::fprintf(stderr, "%s\n", qPrintable(instance.problem()));
+            complain(instance.problem(), options.theme.value_or(Theme::Choice::system));
             status = 1;
             break;
     }

@@ -34,9 +34,10 @@ void removeName(QStringList& list, const QString& name)
 
 }  // namespace
 
-ProductCatalog::ProductCatalog(QString savePath, QObject* parent)
-    : QObject(parent), m_file(std::move(savePath))
+ProductCatalog::ProductCatalog(QString savePath, QObject* parent, std::chrono::milliseconds saveRetry)
+    : QObject(parent), m_saver(std::move(savePath), saveRetry)
 {
+    connect(&m_saver, &StoreSaver::saveAsked, this, &ProductCatalog::save);
 }
 
 QStringList ProductCatalog::allBrandNames() const
@@ -57,16 +58,18 @@ QStringList ProductCatalog::allClientNames() const
 
 void ProductCatalog::load()
 {
-    const std::optional<QByteArray> bytes = m_file.read();
+    if (m_saver.isBehind())
+        return;
+    const std::optional<QByteArray> bytes = m_saver.file().read();
     if (!bytes)
         return;
     JsonFault fault;
     std::optional<CatalogContent> content = decodeCatalog(*bytes, fault);
     if (!content) {
-        m_file.reject(fault.message());
+        m_saver.file().reject(fault.message());
         return;
     }
-    m_file.accept();
+    m_saver.file().accept();
     if (auto* products = std::get_if<QList<Product>>(&*content)) {
         m_data.products = std::move(*products);
         Q_EMIT productsChanged();
@@ -80,7 +83,13 @@ void ProductCatalog::load()
 
 void ProductCatalog::save()
 {
-    m_file.replace(encodeCatalog(m_data));
+    m_saver.write(encodeCatalog(m_data));
+}
+
+void ProductCatalog::saveRest()
+{
+    if (m_saver.isBehind())
+        save();
 }
 
 void ProductCatalog::sortAndSave()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "catalog/Product.h"
-#include "platform/KeptFile.h"
+#include "platform/StoreSaver.h"
 
 #include <QObject>
 
@@ -11,14 +11,16 @@ namespace morvak {
 ///
 /// Lives on the main thread. Every assignment to a published list is announced by its signal, when the
 /// operation has done all its work; each operation that changes a list has by then written the file. Names
-/// given to the operations are trimmed unless said otherwise. Reading and writing the file never fail
-/// loudly: a diagnostic line tells, and a file that could not be read is copied aside before it is replaced.
+/// given to the operations are trimmed unless said otherwise. When the file cannot be written, `saver` says
+/// why, and it is tried again until it works; what was entered stays here. A file that could not be read is
+/// copied aside before it is replaced.
 class ProductCatalog final : public QObject {
     Q_OBJECT
 
 public:
     /// Starts empty.
-    explicit ProductCatalog(QString savePath, QObject* parent = nullptr);
+    explicit ProductCatalog(QString savePath, QObject* parent = nullptr,
+                            std::chrono::milliseconds saveRetry = StoreSaver::usualRetry);
 
     /// In the order of their names, but after `load` in that of the file.
     [[nodiscard]] const QList<Product>& products() const { return m_data.products; }
@@ -30,10 +32,17 @@ public:
     [[nodiscard]] QStringList allBrandNames() const;
     [[nodiscard]] QStringList allClientNames() const;
 
-    /// Takes over what the file holds; changes nothing when it cannot be read.
+    /// Takes over what the file holds; changes nothing when it cannot be read, or when it lacks what was
+    /// entered because that could not be saved.
     void load();
     void save();
-    [[nodiscard]] const QString& savePath() const { return m_file.path(); }
+    [[nodiscard]] const QString& savePath() const { return m_saver.path(); }
+
+    /// For the quit: saves what could not be saved before.
+    void saveRest();
+
+    /// How the file is doing.
+    [[nodiscard]] const StoreSaver& saver() const { return m_saver; }
 
     /// Puts the products in order and saves.
     void sortAndSave();
@@ -66,7 +75,7 @@ Q_SIGNALS:
     void brandsChanged();
 
 private:
-    KeptFile m_file;
+    StoreSaver m_saver;
     CatalogData m_data;
 };
 

@@ -2,6 +2,7 @@
 
 #include "actions/OpenShootFile.h"
 #include "actions/SetActions.h"
+#include "engine/SaveReport.h"
 #include "engine/WatcherWiring.h"
 #include "metadata/ExifToolService.h"
 #include "platform/Diagnostics.h"
@@ -33,6 +34,8 @@ Engine::Engine(const EngineParts& parts)
       m_watcher(watcherServices(parts.exifTool))
 {
     printLog(m_watcher);
+    reportSaving(m_shoots.saver(), m_watcher);
+    reportSaving(m_catalog.saver(), m_watcher);
 }
 
 Engine::~Engine() = default;
@@ -85,8 +88,14 @@ void Engine::readScans(int fd)
 
 void Engine::prepareToQuit()
 {
+    if (std::exchange(m_quits, true))
+        return;
     m_scanner.reset();
     m_watcher.prepareToQuit();
+    m_shoots.saveRest();
+    m_catalog.saveRest();
+    reportUnsaved(m_shoots.saver());
+    reportUnsaved(m_catalog.saver());
 }
 
 void Engine::quit()

@@ -49,7 +49,8 @@ public:
     /// Takes scans from a file descriptor as well.
     void readScans(int fd);
 
-    /// Takes nothing new any more: no scan, no event, no run. The objects stay.
+    /// Takes nothing new any more: no scan, no event, no run; saves what is not saved yet. The objects stay.
+    /// Only the first call counts.
     void prepareToQuit();
 
     /// Ends everything in order; blocks for at most about 1.5 seconds.
@@ -69,6 +70,7 @@ private:
     FolderWatcher m_watcher;
     std::unique_ptr<ScanInput> m_scanner;
     bool m_hasShoots = false;
+    bool m_quits = false;
     std::optional<QUuid> m_followedShoot;
 };
 

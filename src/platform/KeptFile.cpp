@@ -97,27 +97,34 @@ void KeptFile::reject(const QString& reason)
 
 bool KeptFile::replace(const QByteArray& content)
 {
-    QDir().mkpath(QFileInfo(m_path).path());
-    if (!m_mayBeReplaced && QFileInfo::exists(m_path) && !copyAside())
-        return false;
-    if (const QString problem = writeAll(m_path, content); !problem.isEmpty()) {
+    const QString problem = putInPlace(content);
+    if (!problem.isEmpty() && problem != m_problem)
         diagnostic(QStringLiteral("⚠️ %1 is niet bewaard: %2").arg(m_path, problem));
-        return false;
-    }
-    m_mayBeReplaced = true;
-    return true;
+    m_problem = problem;
+    return problem.isEmpty();
 }
 
-bool KeptFile::copyAside()
+QString KeptFile::putInPlace(const QByteArray& content)
+{
+    if (!QDir().mkpath(QFileInfo(m_path).path()))
+        return QStringLiteral("de map kan niet gemaakt worden");
+    if (!m_mayBeReplaced && QFileInfo::exists(m_path)) {
+        if (const QString problem = copyAside(); !problem.isEmpty())
+            return QStringLiteral("het onleesbare bestand kan niet opzij: ") + problem;
+    }
+    const QString problem = writeAll(m_path, content);
+    m_mayBeReplaced = m_mayBeReplaced || problem.isEmpty();
+    return problem;
+}
+
+QString KeptFile::copyAside()
 {
     const QString copy = freeNameBeside(m_path);
     const QString problem = copyAll(m_path, copy);
     m_mayBeReplaced = problem.isEmpty();
-    diagnostic(m_mayBeReplaced
-                   ? QStringLiteral("⚠️ %1 is opzij gezet als %2").arg(m_path, copy)
-                   : QStringLiteral("⚠️ %1 is niet bewaard: het onleesbare bestand kan niet opzij: %2")
-                         .arg(m_path, problem));
-    return m_mayBeReplaced;
+    if (m_mayBeReplaced)
+        diagnostic(QStringLiteral("⚠️ %1 is opzij gezet als %2").arg(m_path, copy));
+    return problem;
 }
 
 }  // namespace morvak

@@ -29,13 +29,18 @@ public:
     /// Writes `content` into the file, making missing folders. After a crash, a full disk or a power cut the
     /// file is the old one or the new one. A file that lies there and was not accepted or written by this
     /// object is first copied to `NAME.onleesbaar-TIME` beside it. False when that or the writing failed;
-    /// then the old file is still there.
+    /// then the old file is still there, and `problem` says why. The same problem again leaves no line.
     bool replace(const QByteArray& content);
 
+    /// Why the last `replace` failed; empty when it worked.
+    [[nodiscard]] const QString& problem() const { return m_problem; }
+
 private:
-    bool copyAside();
+    [[nodiscard]] QString putInPlace(const QByteArray& content);
+    [[nodiscard]] QString copyAside();
 
     QString m_path;
+    QString m_problem;
     bool m_mayBeReplaced = false;
 };
 

@@ -4,7 +4,7 @@
 #include "platform/FileName.h"
 #include "platform/InstanceMessage.h"
 
-#include <QDeadlineTimer>
+#include <QCryptographicHash>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QThread>
@@ -38,19 +38,40 @@ bool isOwnProcess(const QLocalSocket& socket)
            peer.uid == ::geteuid();
 }
 
-bool handOver(const QByteArray& message, const QString& address, QDeadlineTimer deadline)
+bool connectTo(QLocalSocket& socket, const QString& address, QDeadlineTimer deadline)
 {
-    QLocalSocket socket;
+    if (address.isEmpty())
+        return false;
     socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     socket.connectToServer(address);
-    if (address.isEmpty() || !socket.waitForConnected(int(deadline.remainingTime())) || !isOwnProcess(socket))
-        return false;
+    return socket.waitForConnected(int(deadline.remainingTime()));
+}
+
+bool isAnothersName(const QString& address)
+{
+    QLocalSocket socket;
+    return connectTo(socket, address, QDeadlineTimer(retryInterval)) && !isOwnProcess(socket);
+}
+
+bool isAcknowledged(QLocalSocket& socket, const QByteArray& message, QDeadlineTimer deadline)
+{
     socket.write(message);
     while (socket.bytesAvailable() < acknowledgement.size()) {
         if (!socket.waitForReadyRead(int(deadline.remainingTime())))
             return false;
     }
     return socket.readAll() == acknowledgement;
+}
+
+/// The same for every way to write the path of one folder, whether it is there or not.
+QString nameOf(const QString& folder)
+{
+    const std::filesystem::path path = encodeFileName(folder).toStdString();
+    std::error_code unknown;
+    const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, unknown);
+    const QByteArray key = QByteArray::fromStdString(unknown ? path.string() : canonical.string());
+    return QStringLiteral("morvak-") +
+           QString::fromLatin1(QCryptographicHash::hash(key, QCryptographicHash::Sha1).toHex());
 }
 
 }  // namespace
@@ -76,16 +97,22 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Lock)
 
-    /// Also true where nothing can be locked: nobody can save there.
-    [[nodiscard]] bool take() const
+    enum class Holder { Us, Another, Nobody };
+
+    /// Nobody: there is no locking here.
+    [[nodiscard]] Holder take() const
     {
-        return m_file < 0 || ::flock(m_file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+        if (m_file >= 0 && ::flock(m_file, LOCK_EX | LOCK_NB) == 0)
+            return Holder::Us;
+        return m_file >= 0 && errno == EWOULDBLOCK ? Holder::Another : Holder::Nobody;
     }
 
     void writeAddress(const QString& address) const
     {
         const QByteArray text = address.toUtf8();
-        if (m_file < 0 || ::ftruncate(m_file, 0) != 0 ||
+        if (m_file < 0)
+            return;
+        if (::ftruncate(m_file, 0) != 0 ||
             ::pwrite(m_file, text.constData(), size_t(text.size()), 0) != text.size())
             diagnostic(QStringLiteral("⚠️ Een tweede Morvak zal deze niet vinden"));
     }
@@ -103,8 +130,14 @@ private:
 
 SingleInstance::SingleInstance(const QString& storeFolder, std::chrono::milliseconds patience,
                                QObject* parent)
-    : QObject(parent), m_patience(patience), m_lock(std::make_unique<Lock>(storeFolder))
+    : QObject(parent),
+      m_patience(patience),
+      m_lock(std::make_unique<Lock>(storeFolder)),
+      m_name(nameOf(storeFolder)),
+      m_server(std::make_unique<QLocalServer>())
 {
+    m_server->setSocketOptions(QLocalServer::AbstractNamespaceOption);
+    connect(m_server.get(), &QLocalServer::newConnection, this, &SingleInstance::takeClients);
 }
 
 SingleInstance::~SingleInstance() = default;
@@ -113,35 +146,69 @@ SingleInstance::Outcome SingleInstance::start(const QStringList& files)
 {
     const QByteArray message = encodeInstanceMessage(files);
     const QDeadlineTimer deadline(m_patience);
-    while (!m_lock->take()) {
-        if (message.size() > longestInstanceMessage) {
-            m_problem = QStringLiteral("Morvak draait al en kan niet zoveel bestanden tegelijk aannemen.");
-            return Outcome::Failed;
-        }
-        // An address that nobody listens to any more is that of a Morvak which has ended or is just starting.
-        if (handOver(message, m_lock->address(), deadline))
+    while (!becomeFirst()) {
+        if (message.size() > longestInstanceMessage)
+            return fail(QStringLiteral("Morvak draait al en kan niet zoveel bestanden tegelijk aannemen."));
+        const Answer answer = handOver(message, deadline);
+        if (answer == Answer::Taken)
             return Outcome::HandedOver;
-        if (deadline.hasExpired()) {
-            m_problem =
-                QStringLiteral("Morvak draait al, maar geeft geen antwoord. Sluit het en start opnieuw.");
-            return Outcome::Failed;
-        }
+        if (answer == Answer::Refused)
+            return fail(
+                QStringLiteral("Morvak draait al bij een andere gebruiker, met dezelfde gegevens. "
+                               "Sluit het daar en start opnieuw."));
+        if (deadline.hasExpired())
+            return fail(
+                QStringLiteral("Morvak draait al, maar geeft geen antwoord. Sluit het en start opnieuw."));
         QThread::msleep(retryInterval.count());
     }
-    listen();
     return Outcome::First;
 }
 
-void SingleInstance::listen()
+SingleInstance::Outcome SingleInstance::fail(const QString& problem)
 {
-    m_server = std::make_unique<QLocalServer>();
-    m_server->setSocketOptions(QLocalServer::AbstractNamespaceOption);
-    connect(m_server.get(), &QLocalServer::newConnection, this, &SingleInstance::takeClients);
-    const QString address = QStringLiteral("morvak-") + QUuid::createUuid().toString(QUuid::WithoutBraces);
-    if (!m_server->listen(address))
+    m_problem = problem;
+    return Outcome::Failed;
+}
+
+/// Whoever has the lock is not kept away by another user's process, which may take any name it likes.
+bool SingleInstance::becomeFirst()
+{
+    const Lock::Holder holder = m_lock->take();
+    if (holder == Lock::Holder::Another)
+        return false;
+    if (listen(m_name))
+        return true;
+    const bool isInUse = m_server->serverError() == QAbstractSocket::AddressInUseError;
+    if (holder == Lock::Holder::Nobody || (isInUse && !isAnothersName(m_name)))
+        return false;
+    if (!listen(QStringLiteral("morvak-") + QUuid::createUuid().toString(QUuid::WithoutBraces)))
         diagnostic(QStringLiteral("⚠️ Een tweede Morvak zal deze niet vinden: ") +
                    m_server->errorString());
+    return true;
+}
+
+bool SingleInstance::listen(const QString& address)
+{
+    if (!m_server->listen(address))
+        return false;
     m_lock->writeAddress(address);
+    return true;
+}
+
+/// An address that nobody listens to is that of a Morvak which has ended or is just starting.
+SingleInstance::Answer SingleInstance::handOver(const QByteArray& message, QDeadlineTimer deadline) const
+{
+    Answer answer = Answer::None;
+    for (const QString& address : {m_lock->address(), m_name}) {
+        QLocalSocket socket;
+        if (!connectTo(socket, address, deadline))
+            continue;
+        if (!isOwnProcess(socket))
+            answer = Answer::Refused;
+        else if (isAcknowledged(socket, message, deadline))
+            return Answer::Taken;
+    }
+    return answer;
 }
 
 void SingleInstance::takeClients()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QStringList>
 
@@ -11,11 +12,14 @@ class QLocalSocket;
 
 namespace morvak {
 
-/// Sees to it that one Morvak runs on a store, and passes the wishes of later starts on to it.
+/// Ensures that one Morvak runs per store; later starts hand it their request.
 ///
-/// The first start holds a lock (`flock`) on a file in the store folder, whose end is the end of the process;
-/// the file tells later starts where the first one listens: an abstract Unix socket, which leaves nothing
-/// behind either. Only processes of the same user are heard. Main thread; no client is ever waited for.
+/// The first start holds two things until its process ends: a lock (`flock`) on a file in the store folder,
+/// and an abstract Unix socket whose name follows from the folder's path, where it listens. The lock also
+/// works between machines and containers; the name also works where nothing can be written, between users,
+/// and when the folder was removed and made again. The file says where the first one listens, for when
+/// somebody else has the name. Only processes of the same user are heard. Main thread; no client is ever
+/// waited for.
 class SingleInstance final : public QObject {
     Q_OBJECT
 
@@ -23,7 +27,7 @@ public:
     enum class Outcome {
         First,       ///< this process is the one that runs
         HandedOver,  ///< another one runs and has taken the wish
-        Failed       ///< another one runs and does not answer, or the wish is too long; `problem` says it
+        Failed       ///< another one runs and cannot be handed the wish; `problem` says why
     };
 
     /// `patience`: how long a later start waits for the first one to answer.
@@ -46,13 +50,18 @@ Q_SIGNALS:
 
 private:
     class Lock;
+    enum class Answer { None, Taken, Refused };
 
-    void listen();
+    [[nodiscard]] bool becomeFirst();
+    [[nodiscard]] bool listen(const QString& address);
+    [[nodiscard]] Answer handOver(const QByteArray& message, QDeadlineTimer deadline) const;
+    [[nodiscard]] Outcome fail(const QString& problem);
     void takeClients();
     void readFrom(QLocalSocket& client);
 
     std::chrono::milliseconds m_patience;
     std::unique_ptr<Lock> m_lock;
+    QString m_name;  // abstract address
     QString m_problem;
     int m_clients = 0;
     std::unique_ptr<QLocalServer> m_server;

@@ -1,7 +1,6 @@
 #include "store/ShootManager.h"
 
 #include "model/FindById.h"
-#include "platform/Diagnostics.h"
 #include "store/StoreFile.h"
 
 #include <algorithm>
@@ -24,9 +23,11 @@ std::optional<QUuid> firstId(const QList<Shoot>& shoots)
 
 }  // namespace
 
-ShootManager::ShootManager(QString savePath, QObject* parent, Clock clock)
-    : QObject(parent), m_file(std::move(savePath)), m_clock(std::move(clock))
+ShootManager::ShootManager(QString savePath, QObject* parent, Clock clock,
+                           std::chrono::milliseconds saveRetry)
+    : QObject(parent), m_saver(std::move(savePath), saveRetry), m_clock(std::move(clock))
 {
+    connect(&m_saver, &StoreSaver::saveAsked, this, &ShootManager::save);
 }
 
 std::optional<Shoot> ShootManager::activeShoot() const
@@ -52,16 +53,16 @@ void ShootManager::setActiveShootId(std::optional<QUuid> id)
 
 void ShootManager::load()
 {
-    const std::optional<QByteArray> bytes = m_file.read();
+    const std::optional<QByteArray> bytes = m_saver.file().read();
     if (!bytes)
         return;
     JsonFault fault;
     std::optional<QList<Shoot>> shoots = decodeShoots(*bytes, fault);
     if (!shoots) {
-        m_file.reject(fault.message());
+        m_saver.file().reject(fault.message());
         return;
     }
-    m_file.accept();
+    m_saver.file().accept();
     m_shoots = *std::move(shoots);
     m_activeShootId = firstId(m_shoots);
     Q_EMIT shootsChanged();
@@ -70,11 +71,16 @@ void ShootManager::load()
 
 void ShootManager::save()
 {
-    if (const std::optional<QByteArray> bytes = encodeShoots(m_shoots)) {
-        m_file.replace(*bytes);
-    } else {
-        diagnostic(QStringLiteral("⚠️ %1 is niet bewaard: een datum is geen getal").arg(m_file.path()));
-    }
+    if (const std::optional<QByteArray> bytes = encodeShoots(m_shoots))
+        m_saver.write(*bytes);
+    else
+        m_saver.fail(QStringLiteral("een datum is geen getal"));
+}
+
+void ShootManager::saveRest()
+{
+    if (m_saver.isBehind())
+        save();
 }
 
 void ShootManager::createShoot(const QString& name, const QString& location, const QString& client)
@@ -169,6 +175,7 @@ void ShootManager::incrementTagCount(QUuid forSet)
     qint64& count = setAt(*place).taggedCount;
     if (count < std::numeric_limits<qint64>::max())  // a file may hold any count
         ++count;
+    m_saver.noteChange();
     Q_EMIT shootsChanged();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Shoot.h"
-#include "platform/KeptFile.h"
+#include "platform/StoreSaver.h"
 
 #include <QObject>
 
@@ -14,8 +14,9 @@ namespace morvak {
 ///
 /// Lives on the main thread. Every assignment to a published field is announced by its signal, when the
 /// operation has done all its work. An operation marked "saves" has by then written the store file; one that
-/// is given an unknown id changes nothing unless it says so. Reading and writing the file never fail loudly:
-/// a diagnostic line tells, and a file that could not be read is copied aside before it is replaced.
+/// is given an unknown id changes nothing unless it says so. When the file cannot be written, `saver` says
+/// why, and it is tried again until it works; what was entered stays here. A file that could not be read is
+/// copied aside before it is replaced.
 class ShootManager final : public QObject {
     Q_OBJECT
 
@@ -23,7 +24,8 @@ public:
     using Clock = std::function<Timestamp()>;
 
     /// Starts empty; `clock` dates new shoots and activations.
-    explicit ShootManager(QString savePath, QObject* parent = nullptr, Clock clock = &Timestamp::now);
+    explicit ShootManager(QString savePath, QObject* parent = nullptr, Clock clock = &Timestamp::now,
+                          std::chrono::milliseconds saveRetry = StoreSaver::usualRetry);
 
     [[nodiscard]] const QList<Shoot>& shoots() const { return m_shoots; }
     [[nodiscard]] std::optional<QUuid> activeShootId() const { return m_activeShootId; }
@@ -41,6 +43,12 @@ public:
     /// Reads the store file and makes its first shoot active; changes nothing when it cannot be read.
     void load();
     void save();
+
+    /// For the quit: saves what is not in the file yet, the counts among it.
+    void saveRest();
+
+    /// How the store file is doing.
+    [[nodiscard]] const StoreSaver& saver() const { return m_saver; }
 
     /// A new shoot stands first and becomes the active one. Saves.
     void createShoot(const QString& name, const QString& location, const QString& client);
@@ -64,7 +72,8 @@ public:
     /// Removes the set everywhere but from the logs; it is not active any more. Always saves.
     void deleteSet(QUuid id);
 
-    /// One more photo carries the set. Does not save: that happens with the next operation that does.
+    /// One more photo carries the set. Does not save: that happens with the next operation that does, or in
+    /// the quit.
     void incrementTagCount(QUuid forSet);
 
     /// Reads set text from a scanner, a card or the keyboard. The set of the active shoot with the same
@@ -108,7 +117,7 @@ private:
     bool takeImported(QList<Shoot> shoots);
     SetData& setAt(const Place& place) { return m_shoots[place.shoot].sets[place.set]; }
 
-    KeptFile m_file;
+    StoreSaver m_saver;
     Clock m_clock;
     QList<Shoot> m_shoots;  // newest first
     std::optional<QUuid> m_activeShootId;

@@ -99,11 +99,11 @@ bool ShootManager::takeImported(QList<Shoot> shoots)
     const std::optional<QByteArray> bytes = encodeShoots(shoots);
     if (!bytes || bytes->size() > mostBytesWithImport) {
         diagnostic(
-            QStringLiteral("⚠️ Niets is geïmporteerd: %1 zou te groot worden").arg(m_file.path()));
+            QStringLiteral("⚠️ Niets is geïmporteerd: %1 zou te groot worden").arg(m_saver.path()));
         return false;
     }
     m_shoots = std::move(shoots);
-    m_file.replace(*bytes);
+    m_saver.write(*bytes);
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "catalog/ProductCatalog.h"
 #include "support/CapturedOutput.h"
+#include "support/FullDisk.h"
 #include "support/TestMain.h"
 
 #include <QDir>
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void operations();
     void loading();
     void unreadableFileIsKept();
+    void whatCannotBeSavedIsKeptAndTriedAgain();
 
 private:
     void write(const QByteArray& bytes) const
@@ -157,6 +159,23 @@ void TestProductCatalog::unreadableFileIsKept()
     QCOMPARE(names.size(), 2);
     QVERIFY(names.last().startsWith(u"catalog.json.onleesbaar-"));
     QVERIFY(output.take().contains(u"catalog.json is niet gelezen: geen JSON"));
+}
+
+void TestProductCatalog::whatCannotBeSavedIsKeptAndTriedAgain()
+{
+    const CapturedOutput output;
+    ProductCatalog catalog(m_path, nullptr, std::chrono::milliseconds(5));
+    catalog.load();
+    {
+        const FullDisk disk(10);
+        catalog.addClient(u"Bo"_s);
+        catalog.load();  // the file does not know Bo
+        QCOMPARE(state(catalog), u"b[x]V c[]O / An Bo / v"_s);
+        QVERIFY(!catalog.saver().problem().isEmpty());
+    }
+    QTRY_VERIFY(catalog.saver().problem().isEmpty());
+    m_catalog->load();
+    QCOMPARE(state(*m_catalog), state(catalog));
 }
 
 MORVAK_TEST(TestProductCatalog);

@@ -4,6 +4,7 @@
 #include "sampleshoot/PhotoEncoders.h"
 #include "sampleshoot/PictureData.h"
 #include "sampleshoot/SampleShoot.h"
+#include "store/StoreFile.h"
 #include "support/Files.h"
 #include "support/FullDisk.h"
 #include "support/SmallDisk.h"
@@ -43,6 +44,8 @@ class TestE2eFullDisk : public QObject {
 
 private Q_SLOTS:
     void storeIsTheOldOneUntilThereIsRoom();
+    void quitSavesWhatWasRefused();
+    void quitSavesTheCounts();
     void photosStayAsTheyAreUntilThereIsRoom();
     void renamedCopiesAreWholeOrNotThere();
 };
@@ -57,15 +60,50 @@ void TestE2eFullDisk::storeIsTheOldOneUntilThereIsRoom()
     {
         const FullDisk disk(100, pid_t(run.processId()));
         run.scan(sets.at(1));
-        QTRY_VERIFY(run.count(u"shoots.json is niet bewaard: "_s) >= 1);
+        QTRY_COMPARE(run.count(u"shoots.json is niet bewaard: "_s), 2);  // a diagnostic and the log
         run.drop(u"a.jpg"_s, test::smallPhoto());
         QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: a.jpg → "_s + sets.at(1).headline()), 1, 30'000);
+        run.scan(sets.at(0));
         QCOMPARE(contentOf(run.storeFile()), before);
         QCOMPARE(filesIn(QFileInfo(run.storeFile()).path()),
                  QStringList({u"instance.lock"_s, u"shoots.json"_s}));
     }
+    // Nobody does anything: the program tries again by itself.
+    QTRY_COMPARE_WITH_TIMEOUT(activationsIn(contentOf(run.storeFile())), activationsIn(before) + 2, 30'000);
+    QTRY_COMPARE(run.count(u"shoots.json is weer bewaard"_s), 1);
+    QCOMPARE(run.count(u"shoots.json is niet bewaard: "_s), 2);
+}
+
+void TestE2eFullDisk::quitSavesWhatWasRefused()
+{
+    const QList<SetData> sets = samples::sampleSets();
+    MorvakRun run;
+    run.start();
     run.scan(sets.at(0));
-    QTRY_COMPARE(activationsIn(contentOf(run.storeFile())), activationsIn(before) + 2);
+    const qsizetype before = activationsIn(contentOf(run.storeFile()));
+    {
+        const FullDisk disk(100, pid_t(run.processId()));
+        run.scan(sets.at(1));
+        QTRY_VERIFY(run.count(u"shoots.json is niet bewaard: "_s) >= 1);
+    }
+    QVERIFY(run.quit(SIGTERM) >= 0);
+    QCOMPARE(activationsIn(contentOf(run.storeFile())), before + 1);
+}
+
+void TestE2eFullDisk::quitSavesTheCounts()
+{
+    const SetData set = samples::sampleSets().at(0);
+    MorvakRun run;
+    run.start();
+    run.scan(set);
+    for (const QString& name : {u"a.jpg"_s, u"b.jpg"_s})
+        run.drop(name, test::smallPhoto());
+    QTRY_COMPARE_WITH_TIMEOUT(run.count(u"✅ Getagd: "_s), 2, 30'000);
+    QVERIFY(run.quit(SIGTERM) >= 0);
+    JsonFault fault;
+    const std::optional<QList<Shoot>> shoots = decodeShoots(contentOf(run.storeFile()), fault);
+    QVERIFY(shoots);
+    QCOMPARE(shoots->first().sets.first().taggedCount, 2);
 }
 
 void TestE2eFullDisk::photosStayAsTheyAreUntilThereIsRoom()

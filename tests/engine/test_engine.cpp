@@ -1,10 +1,13 @@
 #include "engine/Engine.h"
 #include "metadata/ExifToolService.h"
+#include "support/FullDisk.h"
 #include "support/TestMain.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace morvak;
@@ -55,6 +58,8 @@ class TestEngine : public QObject {
 private Q_SLOTS:
     void handedOverFileComesAfterTheShootsThatAreThere();
     void watcherFollowsTheActiveShootOnly();
+    void storesThatCannotBeSavedAreReportedOnce();
+    void quitSavesWhatIsNotSavedYet();
 };
 
 void TestEngine::handedOverFileComesAfterTheShootsThatAreThere()
@@ -85,6 +90,50 @@ void TestEngine::watcherFollowsTheActiveShootOnly()
     QCOMPARE(morvak.watcher().watchPath(), profile.folder(u"Lente"_s));
     QTRY_VERIFY(morvak.watcher().isWatching());
     morvak.quit();
+}
+
+void TestEngine::storesThatCannotBeSavedAreReportedOnce()
+{
+    Profile profile;
+    Engine morvak(profile.parts());
+    morvak.runUnseen();
+    const auto lines = [&morvak](const QString& text) {
+        return std::ranges::count_if(morvak.watcher().log(), [&text](const LogEntry& entry) {
+            return entry.message.contains(text) && entry.message.contains(u".json"_s);
+        });
+    };
+    for (int failures = 1; failures <= 2; ++failures) {
+        {
+            const test::FullDisk disk(10);
+            for (const auto& name : {u"A"_s, u"B"_s, u"C"_s}) {
+                morvak.shoots().createShoot(name, {}, {});
+                morvak.catalog().addClient(name + QString::number(failures));
+            }
+            QTRY_COMPARE(lines(u"is niet bewaard"_s), 2 * failures);
+        }
+        morvak.shoots().save();
+        morvak.catalog().save();
+        QTRY_COMPARE(lines(u"is weer bewaard"_s), 2 * failures);
+        QCOMPARE(lines(u"is niet bewaard"_s), 2 * failures);
+    }
+    morvak.quit();
+}
+
+void TestEngine::quitSavesWhatIsNotSavedYet()
+{
+    Profile profile;
+    Engine morvak(profile.parts());
+    morvak.runUnseen();
+    {
+        const test::FullDisk disk(10);
+        morvak.shoots().createShoot(u"Zomer"_s, {}, {});
+        morvak.catalog().addClient(u"Kestrum"_s);
+    }
+    morvak.quit();
+    QCOMPARE(profile.storedShoots(), QStringList({u"Zomer"_s, u"Herfst"_s, u"Lente"_s}));
+    ProductCatalog stored(profile.parts().catalogFile);
+    stored.load();
+    QCOMPARE(stored.clients(), QStringList{u"Kestrum"_s});
 }
 
 MORVAK_TEST(TestEngine);

@@ -1,8 +1,10 @@
 #include "platform/FileName.h"
 #include "platform/InstanceMessage.h"
 #include "platform/SingleInstance.h"
+#include "support/Files.h"
 #include "support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLocalSocket>
 #include <QProcess>
@@ -10,6 +12,9 @@
 #include <QTemporaryDir>
 
 #include <memory>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace morvak;
 using namespace Qt::StringLiterals;
@@ -21,8 +26,12 @@ namespace {
 class Start {
 public:
     explicit Start(const QString& store, int pauseMs = 0, const QStringList& files = {},
-                   const QString& runtimeFolder = {})
+                   const QString& runtimeFolder = {}, uid_t user = ::geteuid())
     {
+        process.setChildProcessModifier([user] {
+            if (::setuid(user) != 0)
+                ::_exit(2);
+        });
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"XDG_RUNTIME_DIR"_s, runtimeFolder);
         process.setProcessEnvironment(environment);
@@ -36,11 +45,16 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Start)
 
+    /// Diagnostic lines left out: they come when they like.
     QByteArray nextLine()
     {
-        while (!process.canReadLine() && process.waitForReadyRead(15'000)) {
+        QByteArray line = "⚠️";
+        while (line.startsWith("⚠️")) {
+            while (!process.canReadLine() && process.waitForReadyRead(15'000)) {
+            }
+            line = process.readLine().trimmed();
         }
-        return process.readLine().trimmed();
+        return line;
     }
 
     int exitCode() { return process.waitForFinished(15'000) ? process.exitCode() : -1; }
@@ -66,6 +80,10 @@ private Q_SLOTS:
     void firstMayStillBeStarting();
     void killedHolderBlocksNobody();
     void holderThatEndsIsFollowed();
+    void withoutAFolderThereIsOneAsWell();
+    void folderThatIsMadeAnewHasTheSameHolder();
+    void anotherUserIsTurnedAway();
+    void takenNameKeepsNobodyAway();
     void holderThatHangsIsReported();
     void tooLongAWishIsReported();
     void messagesAreRead_data();
@@ -124,6 +142,56 @@ void TestSingleInstance::holderThatEndsIsFollowed()
     QVERIFY(!second.process.waitForReadyRead(200));
     first.reset();
     QCOMPARE(second.nextLine(), "first");
+}
+
+/// No lock can be made, for root neither: something else stands where the folder should be.
+void TestSingleInstance::withoutAFolderThereIsOneAsWell()
+{
+    test::writeFile(store("file"), "no folder");
+    Start first(store("file/Morvak"));
+    QCOMPARE(first.nextLine(), "first");
+    QCOMPARE(Start(store("./file/Morvak"), 0, {u"/x"_s}).exitCode(), 0);
+    QCOMPARE(first.nextLine(), "/x");
+    Start other(store("file/Other"));
+    QCOMPARE(other.nextLine(), "first");
+}
+
+void TestSingleInstance::folderThatIsMadeAnewHasTheSameHolder()
+{
+    Start first(store("gone"));
+    QCOMPARE(first.nextLine(), "first");
+    QVERIFY(QDir(store("gone")).removeRecursively());
+    for (int start = 0; start < 2; ++start) {  // the second finds a lock file that says nothing
+        QCOMPARE(Start(store("gone")).exitCode(), 0);
+        QCOMPARE(first.nextLine(), "activate");
+    }
+}
+
+void TestSingleInstance::anotherUserIsTurnedAway()
+{
+    if (::geteuid() != 0)
+        QSKIP("only root can start a program as somebody else");
+    const QTemporaryDir shared(QDir::tempPath() + u"/morvak-XXXXXX"_s);
+    QVERIFY(::chmod(QFile::encodeName(shared.path()).constData(), 0755) == 0);
+    Start first(shared.path());
+    QCOMPARE(first.nextLine(), "first");
+    Start second(shared.path(), 0, {}, {}, 65534);
+    QVERIFY(second.nextLine().contains("andere gebruiker"));
+    QCOMPARE(second.exitCode(), 1);
+}
+
+void TestSingleInstance::takenNameKeepsNobodyAway()
+{
+    if (::geteuid() != 0)
+        QSKIP("only root can start a program as somebody else");
+    const QTemporaryDir shared(QDir::tempPath() + u"/morvak-XXXXXX"_s);
+    QVERIFY(::chmod(QFile::encodeName(shared.path()).constData(), 0755) == 0);
+    Start hostile(shared.path() + u"/Morvak"_s, 0, {}, {}, 65534);
+    QCOMPARE(hostile.nextLine(), "first");
+    Start first(shared.path() + u"/Morvak"_s);
+    QCOMPARE(first.nextLine(), "first");
+    QCOMPARE(Start(shared.path() + u"/Morvak"_s).exitCode(), 0);
+    QCOMPARE(first.nextLine(), "activate");
 }
 
 void TestSingleInstance::holderThatHangsIsReported()

@@ -2,7 +2,11 @@
 #include "support/TestMain.h"
 
 #include <QDir>
+#include <QFile>
 #include <QScopeGuard>
+
+#include <pwd.h>
+#include <unistd.h>
 
 using namespace morvak;
 using namespace Qt::StringLiterals;
@@ -13,6 +17,8 @@ class TestUserFolders : public QObject {
 private Q_SLOTS:
     void userFolders_data();
     void userFolders();
+    void homeOfThePasswordFile_data();
+    void homeOfThePasswordFile();
 };
 
 void TestUserFolders::userFolders_data()
@@ -46,6 +52,34 @@ void TestUserFolders::userFolders()
         else
             QTEST(preferencesFile(), "config");
     }
+}
+
+void TestUserFolders::homeOfThePasswordFile_data()
+{
+    QTest::addColumn<QByteArray>("home");
+    QTest::newRow("unset") << QByteArray();
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("relative") << QByteArray(".");
+}
+
+void TestUserFolders::homeOfThePasswordFile()
+{
+    QFETCH(const QByteArray, home);
+    const QString own = QFile::decodeName(::getpwuid(::getuid())->pw_dir);
+    const QByteArray before = qgetenv("HOME");
+    const QByteArray dataBefore = qgetenv("XDG_DATA_HOME");
+    const auto restore = qScopeGuard([=] {
+        qputenv("HOME", before);
+        qputenv("XDG_DATA_HOME", dataBefore);
+    });
+    QCOMPARE(homeFolder(), QFile::decodeName(before));
+    qunsetenv("XDG_DATA_HOME");
+    if (home.isNull())
+        qunsetenv("HOME");
+    else
+        qputenv("HOME", home);
+    QCOMPARE(homeFolder(), own);
+    QCOMPARE(storeFolder(), own + u"/.local/share/Morvak"_s);
 }
 
 MORVAK_TEST(TestUserFolders);

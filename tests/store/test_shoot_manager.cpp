@@ -62,7 +62,8 @@ private Q_SLOTS:
     void operationsTakeTheirArgumentsFromTheList();
     void everyChangeIsAnnouncedWhenItIsDone();
     void unreadableFileIsKept();
-    void failedSaveLosesNothingInMemory();
+    void failedSaveIsTriedAgainByItself();
+    void restIsSavedInTheQuit();
 
 private:
     [[nodiscard]] QList<Shoot> saved() const
@@ -408,18 +409,39 @@ void TestShootManager::unreadableFileIsKept()
     QVERIFY(output.take().contains(u"is niet gelezen: [0].sets[0].brand ontbreekt"));
 }
 
-void TestShootManager::failedSaveLosesNothingInMemory()
+void TestShootManager::failedSaveIsTriedAgainByItself()
 {
+    const CapturedOutput output;
+    ShootManager manager(m_path, nullptr, &Timestamp::now, std::chrono::milliseconds(5));
+    manager.load();
     const auto before = encodeShoots(saved());
-    CapturedOutput output;
     {
         const FullDisk disk(500);
-        m_manager->activateSet(shootB().sets.first().id);
+        manager.activateSet(shootB().sets.first().id);
+        QVERIFY(!manager.saver().problem().isEmpty());
     }
-    QCOMPARE(m_manager->activeSet()->setNumber, u"b2"_s);
+    QCOMPARE(manager.activeSet()->setNumber, u"b2"_s);
     QCOMPARE(encodeShoots(saved()), before);
-    QVERIFY(output.take().startsWith(u"⚠️ "));
-    m_manager->save();
+    QTRY_VERIFY(manager.saver().problem().isEmpty());
+    QCOMPARE(encodeShoots(saved()), encodeShoots(manager.shoots()));
+}
+
+void TestShootManager::restIsSavedInTheQuit()
+{
+    const CapturedOutput output;
+    const auto before = QFileInfo(m_path).lastModified();
+    m_manager->saveRest();  // there is none
+    QCOMPARE(QFileInfo(m_path).lastModified(), before);
+    const qint64 count = shootB().sets.first().taggedCount;
+    m_manager->incrementTagCount(shootB().sets.first().id);
+    QCOMPARE(saved().first().sets.first().taggedCount, count);
+    m_manager->saveRest();
+    QCOMPARE(saved().first().sets.first().taggedCount, count + 1);
+    {
+        const FullDisk disk(500);
+        m_manager->createShoot(u"New"_s, {}, {});
+    }
+    m_manager->saveRest();
     QCOMPARE(encodeShoots(saved()), encodeShoots(m_manager->shoots()));
 }
 

@@ -17,6 +17,7 @@ HeaderState HeaderText::of(const HeaderFacts& facts)
         state.failure = clockTime(*facts.lastFailure) + u' ' + facts.lastFailure->message;
         state.failureRole = facts.lastFailure->type == LogType::error ? Role::danger : Role::warning;
     }
+    state.unsaved = unsaved(facts);
     return state;
 }
 
@@ -48,6 +49,19 @@ QString HeaderText::difference(const TaggedNow& tagging)
             return tr("Foto’s krijgen nog %1, maar die set is verwijderd.").arg(name);
     }
     Q_UNREACHABLE();
+}
+
+QString HeaderText::unsaved(const HeaderFacts& facts)
+{
+    const bool noShoots = !facts.shootsProblem.isEmpty();
+    const bool noCatalog = !facts.catalogProblem.isEmpty();
+    if (!noShoots && !noCatalog)
+        return {};
+    const QString what = noShoots && noCatalog ? tr("Shoots en productcatalogus worden niet bewaard: %1.")
+                         : noShoots            ? tr("Shoots worden niet bewaard: %1.")
+                                               : tr("De productcatalogus wordt niet bewaard: %1.");
+    return what.arg(noShoots ? facts.shootsProblem : facts.catalogProblem) + u' ' +
+           tr("Laat Morvak open: niets gaat verloren en het wordt steeds opnieuw geprobeerd.");
 }
 
 }  // namespace morvak

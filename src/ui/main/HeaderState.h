@@ -14,6 +14,8 @@ struct HeaderFacts {
     WatchState watching = WatchState::noFolder;
     TaggedNow tagging;
     std::optional<LogEntry> lastFailure;
+    QString shootsProblem;   ///< why the shoots cannot be saved; empty while they are
+    QString catalogProblem;  ///< the same of the product catalog
 };
 
 /// What the header says at a glance.
@@ -25,6 +27,7 @@ struct HeaderState {
     QString difference;  ///< in words, where photos get another set than the active one; else empty
     QString failure;     ///< "14:03:22  ❌ ..."; empty when nothing has gone wrong
     Role failureRole = Role::secondary;
+    QString unsaved;  ///< in words, what cannot be saved and why; else empty
 };
 
 /// Pure; any thread.
@@ -37,6 +40,7 @@ public:
 private:
     [[nodiscard]] static QString watching(WatchState state);
     [[nodiscard]] static QString difference(const TaggedNow& tagging);
+    [[nodiscard]] static QString unsaved(const HeaderFacts& facts);
 };
 
 }  // namespace morvak

@@ -1,5 +1,6 @@
 #include "ui/main/StatusStrip.h"
 
+#include "catalog/ProductCatalog.h"
 #include "store/ShootManager.h"
 #include "ui/base/UiServices.h"
 #include "ui/base/blocks/ElidedLabel.h"
@@ -38,6 +39,7 @@ StatusStrip::StatusStrip(UiServices& services, QWidget* parent)
       m_set(new ElidedLabel),
       m_failure(new ElidedLabel),
       m_difference(makeText({}, TextStyle::body, Role::warning, true)),
+      m_unsaved(makeText({}, TextStyle::section, Role::danger, true)),
       m_refresh([this] { showState(); })
 {
     setObjectName(QStringLiteral("statusStrip"));
@@ -45,6 +47,7 @@ StatusStrip::StatusStrip(UiServices& services, QWidget* parent)
     m_set->setObjectName(QStringLiteral("taggingSet"));
     m_failure->setObjectName(QStringLiteral("lastFailure"));
     m_difference->setObjectName(QStringLiteral("setDifference"));
+    m_unsaved->setObjectName(QStringLiteral("unsaved"));
 
     m_failure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
@@ -58,6 +61,7 @@ StatusStrip::StatusStrip(UiServices& services, QWidget* parent)
     column->setSpacing(metrics::inGroup / 2);
     column->addLayout(row);
     column->addWidget(m_difference);
+    column->addWidget(m_unsaved);
 
     observe();
     showState();
@@ -75,6 +79,8 @@ void StatusStrip::observe()
     for (const auto changed : {&ShootManager::shootsChanged, &ShootManager::activeShootIdChanged,
                                &ShootManager::activeSetIdChanged})
         connect(&shoots, changed, this, refresh);
+    for (const StoreSaver* saver : {&shoots.saver(), &m_services.catalog.saver()})
+        connect(saver, &StoreSaver::problemChanged, this, refresh);
 }
 
 HeaderFacts StatusStrip::facts() const
@@ -86,7 +92,9 @@ HeaderFacts StatusStrip::facts() const
                                   .shoots = shoots.shoots(),
                                   .activeShootId = shoots.activeShootId(),
                                   .activeSetId = shoots.activeSetId()}),
-            .lastFailure = newestFailure(watcher.log())};
+            .lastFailure = newestFailure(watcher.log()),
+            .shootsProblem = shoots.saver().problem(),
+            .catalogProblem = m_services.catalog.saver().problem()};
 }
 
 void StatusStrip::showState()
@@ -101,6 +109,8 @@ void StatusStrip::showState()
     wear(*m_set, TextStyle::title, state.hasSet ? Role::text : Role::secondary);
     wear(*m_failure, TextStyle::body, state.failureRole);
     m_difference->setVisible(!state.difference.isEmpty());
+    m_unsaved->setText(state.unsaved);
+    m_unsaved->setVisible(!state.unsaved.isEmpty());
 }
 
 }  // namespace morvak

@@ -13,7 +13,7 @@ struct UiServices;
 class ElidedLabel;
 
 /// What must be seen from two metres: whether the folder is being watched, which set photos get, what went
-/// wrong last.
+/// wrong last, and that something cannot be saved for as long as that lasts.
 ///
 /// Follows a moment behind, so that a burst of photos costs it few refreshes.
 class StatusStrip final : public QFrame {
@@ -32,6 +32,7 @@ private:
     ElidedLabel* m_set;
     ElidedLabel* m_failure;
     QLabel* m_difference;
+    QLabel* m_unsaved;
     CoalescedCall m_refresh;
 };
 

@@ -1,4 +1,5 @@
 #include "platform/TrayPresence.h"
+#include "support/FullDisk.h"
 #include "support/TestMain.h"
 #include "support/UiFixture.h"
 #include "ui/base/blocks/StatBadge.h"
@@ -48,6 +49,8 @@ private Q_SLOTS:
     void headerTellsWhichSetPhotosGet_data();
     void headerTellsWhichSetPhotosGet();
     void headerTellsTheLastFailure();
+    void headerTellsWhatCannotBeSaved();
+    void stripIsRedWhileAStoreCannotBeSaved();
     void badgesAreRightTheMomentAPhotoIsTagged();
     void tabsAreReachedByKey();
     void everyTabAtTheSmallestSize_data();
@@ -109,7 +112,8 @@ void TestMainWindow::headerTellsWhichSetPhotosGet()
 {
     QFETCH(TaggingFacts, facts);
     QFETCH(QString, inDifference);
-    const HeaderState state = HeaderText::of({.tagging = taggedNow(facts), .lastFailure = {}});
+    const HeaderState state = HeaderText::of(
+        {.tagging = taggedNow(facts), .lastFailure = {}, .shootsProblem = {}, .catalogProblem = {}});
     QTEST(state.set, "set");
     QCOMPARE(state.difference.isEmpty(), inDifference.isEmpty());
     QVERIFY2(state.difference.contains(inDifference), qPrintable(state.difference));
@@ -128,6 +132,40 @@ void TestMainWindow::headerTellsTheLastFailure()
     QCOMPARE(state.failureRole, Role::danger);
     facts.lastFailure = newestFailure(log.first(1));
     QVERIFY(HeaderText::of(facts).failure.isEmpty());
+}
+
+void TestMainWindow::headerTellsWhatCannotBeSaved()
+{
+    HeaderFacts facts;
+    QCOMPARE(HeaderText::of(facts).unsaved, QString());
+    facts.catalogProblem = u"schijf vol"_s;
+    QVERIFY(HeaderText::of(facts).unsaved.startsWith(u"De productcatalogus wordt niet bewaard: schijf vol."));
+    facts.shootsProblem = u"100%1 vol"_s;
+    QVERIFY(HeaderText::of(facts).unsaved.startsWith(
+        u"Shoots en productcatalogus worden niet bewaard: 100%1 vol."));
+    facts.catalogProblem.clear();
+    QVERIFY(HeaderText::of(facts).unsaved.startsWith(u"Shoots worden niet bewaard: 100%1 vol."));
+}
+
+void TestMainWindow::stripIsRedWhileAStoreCannotBeSaved()
+{
+    UiFixture shoot;
+    MainView window(shoot.ui);
+    window.show();
+    const QLabel& unsaved = find<QLabel>(window, u"unsaved"_s);
+    QVERIFY(!unsaved.isVisible());
+    {
+        const test::FullDisk disk(10);
+        shoot.store.createShoot(u"Herfst"_s, {}, {});
+        shoot.catalog.addClient(u"Noord"_s);
+    }
+    QTRY_VERIFY(unsaved.text().startsWith(u"Shoots en productcatalogus"_s));
+    QVERIFY(unsaved.isVisible());
+    QCOMPARE(unsaved.palette().color(QPalette::WindowText), colorOf(Role::danger, shoot.theme.scheme()));
+    shoot.store.save();
+    QTRY_VERIFY(unsaved.text().startsWith(u"De productcatalogus"_s));
+    shoot.catalog.save();
+    QTRY_VERIFY(!unsaved.isVisible());
 }
 
 void TestMainWindow::badgesAreRightTheMomentAPhotoIsTagged()
@@ -194,6 +232,8 @@ void TestMainWindow::everyTabAtTheSmallestSize()
             shoot.store.handleScanInput(u"SET:12\nBRAND:%1\nITEM:%1/%1\nMODEL:%1\nLOCATION:%1"_s.arg(
                 u"Atelier Lindgren & Zonen "_s.repeated(4))));
         shoot.watcher->addLog(u"❌ Tagging mislukt: "_s + u"lange naam "_s.repeated(20), LogType::error);
+        const test::FullDisk disk(10);
+        shoot.store.save();
     }
     QTRY_COMPARE(shoot.watcher->log().isEmpty(), !full);
     MainView window(shoot.ui);
