@@ -57,20 +57,21 @@ void Composition::showWindows(Theme::Choice choice)
 {
     m_theme = std::make_unique<Theme>();
     m_theme->setChoice(choice);
-    m_services.emplace(UiServices{.shoots = m_shoots,
-                                  .watcher = m_watcher,
-                                  .catalog = m_catalog,
-                                  .updates = m_parts.updates,
-                                  .theme = *m_theme,
-                                  .dialogs = m_dialogs,
-                                  .version = m_parts.version,
-                                  .startTool = [this] { m_parts.exifTool.start(); },
-                                  .stopTool = [this] { m_parts.exifTool.stop(); },
-                                  .readSubjectsAndDates =
-                                      [this](const QString& in, const QSet<QString>& extensions) {
-                                          return m_parts.exifTool.readSubjectsAndDates(in, extensions);
-                                      },
-                                  .openInBrowser = openPage});
+    m_services.emplace(UiServices{
+        .shoots = m_shoots,
+        .watcher = m_watcher,
+        .catalog = m_catalog,
+        .updates = m_parts.updates,
+        .theme = *m_theme,
+        .dialogs = m_dialogs,
+        .version = m_parts.version,
+        .startTool = [this] { m_parts.exifTool.start(); },
+        .stopTool = [this] { m_parts.exifTool.stop(); },
+        .readSubjectsAndDates =
+            [this](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+                return m_parts.exifTool.readSubjectsAndDates(in, extensions, control);
+            },
+        .openInBrowser = openPage});
     m_shell = std::make_unique<Shell>(*m_services);
     connect(m_shell.get(), &Shell::quitAsked, this, &Composition::quitAsked);
     connect(&m_shell->mainView(), &MainView::firstShown, this, &Composition::takeUpShoots);
