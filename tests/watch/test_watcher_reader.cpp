@@ -22,7 +22,7 @@ constexpr LookTimes soonTried{10min, 20ms};
 /// questions about photos unanswered.
 class Shooting : public WatcherFixture {
 public:
-    explicit Shooting(LookTimes looks) : WatcherFixture(looks)
+    explicit Shooting(LookTimes times) : WatcherFixture(times)
     {
         store.createShoot(QStringLiteral("Herfst"), {}, {});
         watcher->startWatching(folder.path());
