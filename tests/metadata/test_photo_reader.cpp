@@ -167,7 +167,7 @@ void TestPhotoReader::leavesBehindWhatTheKernelHoldsBack()
         for (int i = 0; i < 3; ++i)
             QCOMPARE(readKind(service, disk.photo()), Kind::Late);
         QCOMPARE(readKind(service, tool.path(QStringLiteral("a.jpg"))), Kind::Late);
-        QCOMPARE(tool.count(QStringLiteral("launch")), 5);
+        QCOMPARE(tool.count(QStringLiteral("launch")), 4);
     }
     QTRY_COMPARE(ChildProcess::abandonedCount(), 0);
     QCOMPARE(read(service, tool.path(QStringLiteral("a.jpg"))), QByteArray("opened"));

@@ -193,6 +193,7 @@ void TestPhotoWriter::whatTheToolAddsLaterBelongsToNoAnswer()
     for (int request = 1; request <= 3; ++request) {
         service.writeMetadata(tool.photo(QStringLiteral("a.jpg")), someSet(), {}, results.next());
         QTRY_COMPARE(results.tags, QList<bool>(request, true));
+        tool.control(QStringLiteral("heard%1").arg(request, 6, 10, QLatin1Char('0')));
         QTRY_COMPARE(tool.count(QStringLiteral("afterthought")), request);
     }
 }

@@ -41,8 +41,8 @@ private:
     WatcherFixture& m_fixture;
 };
 
-WatcherFixture::WatcherFixture(LookTimes looks)
-    : store(data.filePath(QStringLiteral("shoots.json"))), m_looks(looks)
+WatcherFixture::WatcherFixture(LookTimes times)
+    : store(data.filePath(QStringLiteral("shoots.json"))), m_looks(times)
 {
     watcher.emplace(services());
     watcher->setShootManager(&store);

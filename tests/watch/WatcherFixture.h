@@ -23,7 +23,7 @@ public:
         std::function<void(bool)> completion;
     };
 
-    explicit WatcherFixture(LookTimes looks = {});
+    explicit WatcherFixture(LookTimes times = {});
 
     /// Puts a photo into the folder; the next one under the same name is a new file. One that is called
     /// ancient... looks as if nothing had changed it for years.

@@ -43,10 +43,8 @@ void TestReaderHealth::twoInARowMeanAway()
     ReaderHealth health(30s);
     for (const QChar look : looks) {
         const bool wasAway = health.isAway();
-        if (look == u'a')
-            QCOMPARE(health.answered(), wasAway);
-        else
-            QCOMPARE(health.unanswered(start), !wasAway && health.isAway());
+        const bool changed = look == u'a' ? health.answered() : health.unanswered(start);
+        QCOMPARE(changed, health.isAway() != wasAway);
     }
     QTEST(health.isAway(), "isAway");
     const bool isAway = health.isAway();

@@ -92,7 +92,9 @@ void answer(const std::string& behaviour, const std::string& number, const std::
         ::close(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
         say("opened" + marker);
     } else if (behaviour == "afterthought") {
-        say(updated + "an error, too late\n");
+        say(updated);
+        waitFor("heard" + number);
+        say("an error, too late\n");
         log("afterthought");
     } else if (behaviour == "pieces") {
         for (const char c : updated)
