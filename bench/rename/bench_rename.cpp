@@ -44,9 +44,10 @@ void fill(const QDir& folder, int photos, qsizetype size, ExifToolService& exifT
 double secondsOfRename(const QDir& folder, ExifToolService& exifTool, int photos)
 {
     const QTemporaryDir destination;
-    const RawRenameService service([&exifTool](const QString& in, const QSet<QString>& extensions) {
-        return exifTool.readSubjectsAndDates(in, extensions);
-    });
+    const RawRenameService service(
+        [&exifTool](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+            return exifTool.readSubjectsAndDates(in, extensions, control);
+        });
     QElapsedTimer timer;
     timer.start();
     if (service.run(folder.path(), destination.path()).renamedCount() != photos)

@@ -38,8 +38,9 @@ UiServices servicesOf(const DesktopParts& parts, const RawRenameService& rename,
 
 Desktop::Desktop(const DesktopParts& parts)
     : m_engine(parts.engine),
-      m_rename([&tool = parts.engine.exifTool()](const QString& in, const QSet<QString>& extensions) {
-          return tool.readSubjectsAndDates(in, extensions);
+      m_rename([&tool = parts.engine.exifTool()](const QString& in, const QSet<QString>& extensions,
+                                                 const ReadingControl& control) {
+          return tool.readSubjectsAndDates(in, extensions, control);
       }),
       m_services(servicesOf(parts, m_rename, m_dialogs)),
       m_shell(m_services)

@@ -25,7 +25,7 @@ ExifToolService::ExifToolService(ExifToolConfig config)
     : m_findTool(toolLookup(config)),
       m_writer(config.writer, m_findTool, m_quit),
       m_reader(config.reader, m_findTool, m_quit),
-      m_folderReader(config.folderAnswer, m_findTool, m_quit)
+      m_folderReader(config.folder, m_findTool, m_quit)
 {
 }
 
@@ -64,22 +64,23 @@ void ExifToolService::writeMetadata(const QString& to, const Tagging& tagging, c
     });
 }
 
-QByteArray ExifToolService::read(const QStringList& options, const QString& filePath)
+ToolAnswer ExifToolService::read(const QStringList& options, const QString& filePath)
 {
     return m_reader.read(options, filePath);
 }
 
 std::optional<QString> ExifToolService::readHeadline(const QString& at)
 {
-    const QByteArray answer = read({QStringLiteral("-s3"), QStringLiteral("-XMP-photoshop:Headline")}, at);
+    const QByteArray answer =
+        read({QStringLiteral("-s3"), QStringLiteral("-XMP-photoshop:Headline")}, at).printed;
     const QString headline = answer.isValidUtf8() ? QString::fromUtf8(answer).trimmed() : QString();
     return headline.isEmpty() ? std::nullopt : std::optional(headline);
 }
 
-QList<SubjectAndDate> ExifToolService::readSubjectsAndDates(const QString& in,
-                                                            const QSet<QString>& extensions)
+FolderMetadata ExifToolService::readSubjectsAndDates(const QString& in, const QSet<QString>& extensions,
+                                                     const ReadingControl& control)
 {
-    return m_folderReader.read(in, extensions);
+    return m_folderReader.read(in, extensions, control);
 }
 
 }  // namespace morvak

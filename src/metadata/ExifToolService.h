@@ -47,9 +47,9 @@ public:
     /// Returns at once; it is done before any write that is asked for later. Any thread.
     void clearUp(const QString& folder) { m_writer.clearUp(folder); }
 
-    /// What exiftool prints for these options and this photo; empty on any failure. Blocks for at most about
-    /// five seconds once it is its turn; any thread but the main one.
-    [[nodiscard]] QByteArray read(const QStringList& options, const QString& filePath);
+    /// What exiftool prints for these options and this photo. Blocks for at most about five seconds once it
+    /// is its turn; any thread but the main one.
+    [[nodiscard]] ToolAnswer read(const QStringList& options, const QString& filePath);
 
     /// The XMP photoshop Headline, which tagging writes, without white space and line breaks at both ends.
     /// None when the photo has none but white space, when it is no UTF-8, and on any failure of `read`, as
@@ -57,12 +57,12 @@ public:
     [[nodiscard]] std::optional<QString> readHeadline(const QString& at);
 
     /// The file name, XMP Subject and capture time of the photos directly in a folder (absolute, of any name)
-    /// whose lower-cased extension, without its dot, is among `extensions`; in no order. Symbolic links, and
-    /// files that the tool would print under another name, are left out; empty on any failure. One run of
-    /// its own, which may go on while photos are tagged. Blocks for at most about 30 seconds; any thread but
-    /// the main one.
-    [[nodiscard]] QList<SubjectAndDate> readSubjectsAndDates(const QString& in,
-                                                             const QSet<QString>& extensions);
+    /// whose lower-cased extension, without its dot, is among `extensions`. Symbolic links are left out;
+    /// files that the tool would print under another name, and those that it told nothing of, are counted.
+    /// Runs of its own, which may go on while photos are tagged. Blocks for at most about 30 seconds for each
+    /// 256 photos; any thread but the main one.
+    [[nodiscard]] FolderMetadata readSubjectsAndDates(const QString& in, const QSet<QString>& extensions,
+                                                      const ReadingControl& control = {});
 
     /// The path of the tool to use; there may be nothing at it. Any thread.
     [[nodiscard]] QString findExifTool() const { return m_findTool(); }

@@ -1,12 +1,21 @@
 #include "metadata/OneShotRun.h"
 
+#include "metadata/ToolConfig.h"
 #include "platform/Diagnostics.h"
 
 namespace morvak {
 
 namespace {
 
-QByteArray allOutput(ChildProcess& child, QDeadlineTimer deadline, const Interrupt& quit)
+using Kind = ToolAnswer::Kind;
+
+ToolAnswer late(const QString& line)
+{
+    diagnostic(QStringLiteral("⏱️ ExifTool one-shot run ") + line);
+    return Kind::Late;
+}
+
+ToolAnswer allOutput(ChildProcess& child, QDeadlineTimer deadline, const Interrupt& quit)
 {
     QByteArray output;
     QByteArray chunk;
@@ -14,6 +23,8 @@ QByteArray allOutput(ChildProcess& child, QDeadlineTimer deadline, const Interru
         switch (child.read(chunk, deadline, &quit)) {
             case ChildProcess::Io::Done:
                 output += chunk;
+                if (output.size() > mostAnswerBytes)
+                    return late(QStringLiteral("prints without an end"));
                 break;
             case ChildProcess::Io::EndOfStream:
                 return output;
@@ -21,25 +32,26 @@ QByteArray allOutput(ChildProcess& child, QDeadlineTimer deadline, const Interru
                 break;
             case ChildProcess::Io::Interrupted:
             case ChildProcess::Io::Failed:
-                return {};
+                return Kind::Unasked;
         }
     }
-    diagnostic(QStringLiteral("⏱️ ExifTool one-shot run timed out"));
-    return {};
+    return late(QStringLiteral("timed out"));
 }
 
 }  // namespace
 
-QByteArray runToolOnce(const ChildCommand& command, std::chrono::milliseconds limit, const Interrupt& quit)
+ToolAnswer runToolOnce(const ChildCommand& command, std::chrono::milliseconds limit, const Interrupt& quit)
 {
     if (quit.isRaised())
-        return {};
+        return Kind::Unasked;
+    if (ChildProcess::abandonedCount() >= mostAbandonedTools)
+        return late(QStringLiteral("not started: too many cannot be ended"));
     QString error;
     const std::unique_ptr<ChildProcess> child = ChildProcess::launch(command, error);
     if (child)
         return allOutput(*child, QDeadlineTimer(limit), quit);
     diagnostic(QStringLiteral("❌ Failed to start ExifTool: ") + error);
-    return {};
+    return Kind::Unasked;
 }
 
 }  // namespace morvak

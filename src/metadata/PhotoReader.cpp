@@ -27,7 +27,11 @@ qint64 unguessableNumber()
 
 StayOpenTool::Job readerJob(const ToolLimits& limits)
 {
-    return {QStringLiteral("ExifTool reader"), AnswerReader::Marker::AtEnd, unguessableNumber(), limits};
+    return {.label = QStringLiteral("ExifTool reader"),
+            .marker = AnswerReader::Marker::AtEnd,
+            .lastRequest = unguessableNumber(),
+            .onlyReads = true,
+            .limits = limits};
 }
 
 ChildCommand commandFor(const QString& tool, const QStringList& options, const QString& filePath)
@@ -37,6 +41,23 @@ ChildCommand commandFor(const QString& tool, const QStringList& options, const Q
         arguments.append(option.toUtf8());
     arguments.append(encodeFileName(filePath));
     return toolCommand(tool, arguments);
+}
+
+/// None: the tool has died over the request, and another may do better.
+std::optional<ToolAnswer> resultOf(const StayOpenTool::Reply& reply)
+{
+    switch (reply.kind) {
+        case Kind::Answered:
+            return reply.answer.payload();
+        case Kind::Silent:
+            return ToolAnswer::Kind::Late;
+        case Kind::Cut:
+        case Kind::Refused:
+            return ToolAnswer::Kind::Unasked;
+        case Kind::Lost:
+            break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -63,26 +84,27 @@ void PhotoReader::stop()
     (void)m_queue.post([this] { m_tool.stop(); });
 }
 
-QByteArray PhotoReader::read(const QStringList& options, const QString& filePath)
+ToolAnswer PhotoReader::read(const QStringList& options, const QString& filePath)
 {
-    const std::shared_lock inside(m_inside);
+    // Before the lock: a disk that is dead keeps this look at the file, and must not keep `wait`.
     if (!isSendablePath(filePath) || !regularFileState(filePath)) {
         diagnostic(QStringLiteral("❌ Failed to read: ") + lastPathComponent(filePath) +
                    QStringLiteral(" — not a regular file"));
-        return {};
+        return ToolAnswer::Kind::Unasked;
     }
+    const std::shared_lock inside(m_inside);
     const auto promise = std::make_shared<std::promise<Result>>();
     const bool accepted = m_queue.post([this, options, filePath, promise] {
         answer(options, filePath, [&promise](Result result) { promise->set_value(std::move(result)); });
     });
     if (!accepted)
-        return {};
+        return ToolAnswer::Kind::Unasked;
     const Result result = promise->get_future().get();
     if (result)
         return *result;
     const QString tool = m_findTool();
     return QFileInfo::exists(tool) ? runToolOnce(commandFor(tool, options, filePath), m_limits.answer, m_quit)
-                                   : QByteArray();
+                                   : ToolAnswer::Kind::Unasked;
 }
 
 void PhotoReader::close()
@@ -101,11 +123,11 @@ void PhotoReader::answer(const QStringList& options, const QString& filePath,
                          const std::function<void(Result)>& hand)
 {
     if (m_quit.isRaised())
-        return hand(QByteArray());
+        return hand(ToolAnswer::Kind::Unasked);
     if (!m_tool.start())
         return hand(std::nullopt);
     const StayOpenTool::Reply reply = m_tool.request(options, filePath);
-    hand(reply.kind == Kind::Lost ? Result() : Result(reply.answer.payload()));
+    hand(resultOf(reply));
     if (reply.kind != Kind::Answered)
         m_tool.drop();
 }

@@ -2,6 +2,7 @@
 
 #include "metadata/SerialQueue.h"
 #include "metadata/StayOpenTool.h"
+#include "metadata/ToolAnswer.h"
 
 #include <shared_mutex>
 
@@ -17,11 +18,10 @@ public:
     void start();
     void stop();
 
-    /// What the tool prints for these options and this file. Empty when it prints nothing, when the path is
-    /// no regular file's or cannot be sent, on time-out, and at once when the application quits. Where the
-    /// reader cannot start or dies over the request, a run of its own is tried. Blocks; any thread but the
-    /// main one.
-    [[nodiscard]] QByteArray read(const QStringList& options, const QString& filePath);
+    /// What the tool prints for these options and this file; unasked when the path is no regular file's or
+    /// cannot be sent, and at once when the application quits. Where the reader cannot start or dies over the
+    /// request, a run of its own is tried. Blocks; any thread but the main one.
+    [[nodiscard]] ToolAnswer read(const QStringList& options, const QString& filePath);
 
     /// After `quit` was raised: ends the tool and then the thread.
     void close();
@@ -31,7 +31,7 @@ public:
 
 private:
     /// None: the tool was no help, and the file may be tried without it.
-    using Result = std::optional<QByteArray>;
+    using Result = std::optional<ToolAnswer>;
 
     void answer(const QStringList& options, const QString& filePath, const std::function<void(Result)>& hand);
 

@@ -17,7 +17,6 @@ using Io = ChildProcess::Io;
 using Kind = StayOpenTool::Reply::Kind;
 
 constexpr QByteArrayView stopCommand = "-stay_open\nfalse\n";
-constexpr qsizetype mostAnswerBytes = 512 * 1024 * 1024;
 constexpr ToolLimits::ms killPatience{1'000};
 
 QDeadlineTimer in(ToolLimits::ms time)
@@ -45,6 +44,10 @@ bool StayOpenTool::start()
     }
     if (!end(ToolLimits::ms(0)))
         return false;
+    if (m_job.onlyReads && ChildProcess::abandonedCount() >= mostAbandonedTools) {
+        say("❌", QStringLiteral(" not started: too many cannot be ended"));
+        return false;
+    }
     say("🔧", QStringLiteral(" path: ") + path);
     diagnostic(QStringLiteral("🔧 PERL5LIB: ") + toolLibrary(path));
     m_running = launch(path);
@@ -55,11 +58,25 @@ bool StayOpenTool::launch(const QString& path)
 {
     QString error;
     m_child = ChildProcess::launch(toolCommand(path, {"-stay_open", "true", "-@", "-"}), error);
-    if (m_child)
-        say("✅", QStringLiteral(" started in stay-open mode"));
-    else
+    if (!m_child) {
         diagnostic(QStringLiteral("❌ Failed to start ") + m_job.label + QStringLiteral(": ") + error);
-    return m_child != nullptr;
+        return false;
+    }
+    say("✅", QStringLiteral(" started in stay-open mode"));
+    watchForItsEnd();
+    return true;
+}
+
+/// The thread sees it only between requests; during one the pipes tell.
+void StayOpenTool::watchForItsEnd()
+{
+    if (m_child->exitDescriptor() < 0)
+        return;
+    m_childEnded = std::make_unique<QSocketNotifier>(m_child->exitDescriptor(), QSocketNotifier::Read);
+    QObject::connect(m_childEnded.get(), &QSocketNotifier::activated, [this] {
+        say("❌", QStringLiteral(" ended by itself"));
+        (void)end(ToolLimits::ms(0));
+    });
 }
 
 StayOpenTool::Reply StayOpenTool::request(const QStringList& options, const QString& filePath)
@@ -69,6 +86,7 @@ StayOpenTool::Reply StayOpenTool::request(const QStringList& options, const QStr
     if (!bytes)
         return {.kind = Kind::Refused};
     m_job.lastRequest = number;
+    m_child->discardOutput();
     switch (m_child->write(*bytes, in(m_job.limits.answer), &m_quit)) {
         case Io::Done:
             return awaitAnswer(number);
@@ -89,11 +107,13 @@ StayOpenTool::Reply StayOpenTool::awaitAnswer(qint64 number)
     QDeadlineTimer deadline = in(m_job.limits.answer);
     const Interrupt* quit = &m_quit;
     QByteArray chunk;
-    while (!deadline.hasExpired() && answer.output().size() < mostAnswerBytes) {
+    while (!deadline.hasExpired()) {
         switch (m_child->read(chunk, deadline, quit)) {
             case Io::Done:
                 if (answer.feed(chunk))
                     return {Kind::Answered, std::move(answer)};
+                if (answer.output().size() > mostAnswerBytes)
+                    return endless(number);
                 break;
             case Io::TimedOut:
                 break;
@@ -123,6 +143,13 @@ StayOpenTool::Reply StayOpenTool::silent(qint64 number)
     return {.kind = Kind::Silent};
 }
 
+StayOpenTool::Reply StayOpenTool::endless(qint64 number)
+{
+    say("⏱️", QStringLiteral(" answer without an end instead of ") +
+                      QString::fromLatin1(readyMarker(number)) + QStringLiteral(" — restarting"));
+    return {.kind = Kind::Silent};
+}
+
 bool StayOpenTool::drop()
 {
     return end(m_quit.isRaised() ? ToolLimits::ms(0) : m_job.limits.dropPatience);
@@ -145,10 +172,10 @@ bool StayOpenTool::end(ToolLimits::ms patience)
     m_running = false;
     if (!m_child)
         return true;
-    const auto endsAfter = [this](int signal, ToolLimits::ms wait) {
-        m_child->sendSignal(signal);
-        return m_child->waitForExit(in(wait));
-    };
+    if (m_childEnded) {
+        m_childEnded->setEnabled(false);
+        m_childEnded.release()->deleteLater();  // it may be what calls
+    }
     m_child->closePipes();
     const Interrupt* quit = m_quit.isRaised() ? nullptr : &m_quit;
     if (m_child->waitForExit(in(patience), quit) || endsAfter(SIGINT, m_job.limits.interruptPatience) ||
@@ -157,7 +184,17 @@ bool StayOpenTool::end(ToolLimits::ms patience)
         return true;
     }
     say("❌", QStringLiteral(" could not be ended: ") + QString::number(m_child->pid()));
-    return false;
+    if (!m_job.onlyReads)
+        return false;
+    m_child->abandon();
+    m_child.reset();
+    return true;
+}
+
+bool StayOpenTool::endsAfter(int signal, ToolLimits::ms patience)
+{
+    m_child->sendSignal(signal);
+    return m_child->waitForExit(in(patience));
 }
 
 void StayOpenTool::say(const char* symbol, const QString& text) const

@@ -7,6 +7,12 @@
 
 namespace morvak {
 
+/// No answer about a photo has more bytes than this; what goes on is cut off.
+constexpr qsizetype mostAnswerBytes = 64 * 1024 * 1024;
+
+/// While more tools than this cannot be ended, those that read are not started.
+constexpr int mostAbandonedTools = 4;
+
 /// How long a stay-open tool may take for what.
 struct ToolLimits {
     using ms = std::chrono::milliseconds;
@@ -19,6 +25,13 @@ struct ToolLimits {
     ms quitGrace{1'000};        ///< a running request when the application quits
 };
 
+/// How the photos of a folder are read.
+struct FolderLimits {
+    std::chrono::milliseconds answer{30'000};  ///< one run of the tool
+    qsizetype names = 256;                     ///< photos for one run
+    qsizetype nameBytes = 64 * 1024;           ///< what their names may take of its command line
+};
+
 /// All that the metadata bridge depends on.
 struct ExifToolConfig {
     QString resourceDirectory;          ///< where the application may carry its own tool; empty: it has none
@@ -28,7 +41,7 @@ struct ExifToolConfig {
     ToolLimits reader{.answer = std::chrono::seconds(5),
                       .dropPatience = std::chrono::milliseconds(0),
                       .quitGrace = std::chrono::milliseconds(0)};
-    std::chrono::milliseconds folderAnswer{30'000};  ///< one run over a whole folder
+    FolderLimits folder;
 };
 
 }  // namespace morvak

@@ -8,6 +8,8 @@
 #include <climits>
 #include <csignal>
 #include <cstring>
+#include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -29,6 +31,10 @@ constexpr std::size_t readChunk = 256 * 1024;
 constexpr int firstFreeDescriptor = 3;
 constexpr int pollWithoutPidfdMs = 10;
 constexpr int killPatienceMs = 2'000;
+constexpr int launchLimitMs = 10'000;
+constexpr qsizetype mostUnread = 1024 * 1024;  // no pipe of ours holds more
+
+std::atomic<int> abandonedChildren = 0;
 
 void closeDescriptor(int& descriptor)
 {
@@ -158,10 +164,17 @@ pid_t forkWithSignalsBlocked(const Launch& launch)
     return pid;
 }
 
-/// 0 when the exec has succeeded.
+/// 0 when the exec has succeeded. A working directory on a dead disk keeps the child from getting that far.
 int errorOfLaunch(Launch& launch)
 {
     closeDescriptor(launch.failure.writeEnd);
+    pollfd entry = {launch.failure.readEnd, POLLIN, 0};
+    int ready = 0;
+    do {
+        ready = ::poll(&entry, 1, launchLimitMs);
+    } while (ready < 0 && errno == EINTR);
+    if (ready == 0)
+        return ETIMEDOUT;
     int error = 0;
     ssize_t n = 0;
     do {
@@ -245,10 +258,14 @@ ChildProcess::~ChildProcess()
 {
     closePipes();
     sendSignal(SIGKILL);
-    // Only a child that the kernel itself holds back (a dead network share) outlasts this; init reaps that
-    // one.
-    [[maybe_unused]] const bool ended = waitForExit(QDeadlineTimer(killPatienceMs));
+    if (!waitForExit(QDeadlineTimer(killPatienceMs)))
+        abandon();
     closeDescriptor(m_exitDescriptor);
+}
+
+int ChildProcess::abandonedCount()
+{
+    return abandonedChildren;
 }
 
 ChildProcess::Io ChildProcess::write(QByteArrayView bytes, QDeadlineTimer deadline,
@@ -286,10 +303,40 @@ ChildProcess::Io ChildProcess::read(QByteArray& chunk, QDeadlineTimer deadline, 
     }
 }
 
+void ChildProcess::discardOutput()
+{
+    QByteArray chunk(readChunk, Qt::Uninitialized);
+    for (qsizetype discarded = 0; discarded < mostUnread;) {
+        const ssize_t n = ::read(m_output, chunk.data(), readChunk);
+        if (n <= 0 && !(n < 0 && errno == EINTR))
+            return;
+        discarded += std::max<ssize_t>(n, 0);
+    }
+}
+
 void ChildProcess::closePipes()
 {
     closeDescriptor(m_input);
     closeDescriptor(m_output);
+}
+
+void ChildProcess::abandon()
+{
+    closePipes();
+    sendSignal(SIGKILL);
+    if (reap())
+        return;
+    m_reaped = true;  // as far as this object goes
+    const auto awaitEnd = [pid = m_pid] {
+        while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+        }
+        --abandonedChildren;
+    };
+    ++abandonedChildren;
+    try {
+        std::thread(awaitEnd).detach();
+    } catch (const std::system_error&) {  // no thread to be had: it counts as abandoned from now on
+    }
 }
 
 void ChildProcess::sendSignal(int signal)

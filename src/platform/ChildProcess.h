@@ -48,6 +48,9 @@ struct ChildCommand {
 /// signal dispositions, no inherited descriptors, and gets SIGINT when the *thread* that launched it ends: a
 /// thread that launches a child must outlive it. Used by one thread at a time. A broken pipe is an error of
 /// `write`, never a signal.
+///
+/// A child that the kernel holds back, such as one that reads from a dead disk, survives even SIGKILL. It is
+/// abandoned then: nobody waits for it, and it is reaped when it ends.
 class ChildProcess {
 public:
     enum class Io {
@@ -61,7 +64,10 @@ public:
     /// None when the program could not be started; `error` then holds the system's description.
     [[nodiscard]] static std::unique_ptr<ChildProcess> launch(const ChildCommand& command, QString& error);
 
-    /// Closes the pipes, kills the child if it still runs, and reaps it.
+    /// How many children of this process are abandoned and have not ended yet. Any thread.
+    [[nodiscard]] static int abandonedCount();
+
+    /// Closes the pipes, kills the child if it still runs, and reaps it, or abandons it after two seconds.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
@@ -72,7 +78,13 @@ public:
     /// Replaces `chunk` by what the child has written, waiting until there is something.
     [[nodiscard]] Io read(QByteArray& chunk, QDeadlineTimer deadline, const Interrupt* interrupt = nullptr);
 
+    /// Throws away, without waiting, what the child has written and nobody has read.
+    void discardOutput();
+
     void closePipes();
+
+    /// Kills the child and leaves it to be reaped when it ends.
+    void abandon();
 
     /// Does nothing once the child has been reaped.
     void sendSignal(int signal);
@@ -81,6 +93,10 @@ public:
     [[nodiscard]] bool waitForExit(QDeadlineTimer deadline, const Interrupt* interrupt = nullptr);
 
     [[nodiscard]] pid_t pid() const { return m_pid; }
+
+    /// Readable once the child has ended; -1 where the kernel has no such descriptor.
+    [[nodiscard]] int exitDescriptor() const { return m_exitDescriptor; }
+
     [[nodiscard]] const QString& errorText() const { return m_errorText; }
 
 private:

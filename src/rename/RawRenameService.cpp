@@ -122,7 +122,10 @@ RawRenameSummary RawRenameService::run(const QString& sourceFolder, const QStrin
     if (giveUp.stop_requested())
         return summary;
     Run run(sourceFolder, destinationFolder);
-    QList<SubjectAndDate> entries = m_read(sourceFolder, rawExtensions());
+    FolderMetadata metadata = m_read(sourceFolder, rawExtensions(), {progress, giveUp});
+    summary.unsendable = metadata.unsendable;
+    summary.unread = metadata.failed;
+    QList<SubjectAndDate>& entries = metadata.rows;
     std::stable_sort(entries.begin(), entries.end(), isEarlier);
     const auto report = [&] {
         if (progress)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "metadata/FolderRows.h"
+#include "metadata/FolderMetadata.h"
 #include "rename/RawRenameSummary.h"
 
 #include <QSet>
@@ -19,10 +19,12 @@ namespace morvak {
 /// destination folder. A run never replaces a copy of its own. Stateless; one run at a time into a folder.
 class RawRenameService {
 public:
-    /// What the photos of a folder with these extensions hold, in any order: the metadata bridge's
-    /// `readSubjectsAndDates`. Must stay callable while a run may be under way.
-    using Reading = std::function<QList<SubjectAndDate>(const QString& in, const QSet<QString>& extensions)>;
-    /// How many of all files are done; called on the thread of the run, the first time with 0.
+    /// What the photos of a folder with these extensions hold: the metadata bridge's `readSubjectsAndDates`.
+    /// Must stay callable while a run may be under way.
+    using Reading = std::function<FolderMetadata(const QString& in, const QSet<QString>& extensions,
+                                                 const ReadingControl& control)>;
+    /// How many of all files are done: first of reading their metadata, then of copying them. Called on the
+    /// thread of the run, each time first with 0.
     using Progress = std::function<void(qsizetype done, qsizetype total)>;
 
     /// Lower-case extensions of the files that take part.
@@ -35,9 +37,10 @@ public:
     explicit RawRenameService(Reading read) : m_read(std::move(read)) {}
 
     /// Copies all files, each with the `.xmp` sidecar beside it, into the destination folder, which is made
-    /// when it is missing. Given up between files: the summary then ends early. Where the destination is the
-    /// source folder itself, nothing is copied. A sidecar that cannot be copied is left out with a
-    /// diagnostic line. Blocks; any thread but the main one.
+    /// when it is missing. A file whose metadata could not be read is not copied, only counted. Given up
+    /// between files: the summary then ends early. Where the destination is the source folder itself, nothing
+    /// is copied. A sidecar that cannot be copied is left out with a diagnostic line. Blocks; any thread but
+    /// the main one.
     [[nodiscard]] RawRenameSummary run(const QString& sourceFolder, const QString& destinationFolder,
                                        const Progress& progress = {},
                                        const std::stop_token& giveUp = {}) const;

@@ -32,6 +32,8 @@ struct RawRenameResult {
 /// had come to.
 struct RawRenameSummary {
     QList<RawRenameResult> results;
+    qsizetype unread = 0;      ///< files without a result: the metadata tool told nothing of them
+    qsizetype unsendable = 0;  ///< files without a result: the tool cannot be asked about their names
 
     [[nodiscard]] qsizetype renamedCount() const
     {

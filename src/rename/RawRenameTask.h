@@ -31,7 +31,7 @@ public:
 
 Q_SIGNALS:
     void isRunningChanged();
-    /// `total` is known once the metadata of all files has been read.
+    /// First of reading the metadata of all files, then of copying those whose metadata was read.
     void progressChanged(qsizetype done, qsizetype total);
     /// Once for each start.
     void finished(const morvak::RawRenameSummary& summary);

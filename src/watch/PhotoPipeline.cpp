@@ -6,21 +6,7 @@
 #include "watch/FolderWatcher.h"
 #include "watch/WatcherServices.h"
 
-#include <limits>
-
 namespace morvak {
-
-namespace {
-
-constexpr int photosReadAtOnce = 4;
-
-/// The pool takes the higher priority first: the photo scheduled first, for which the others wait.
-int poolPriority(quint64 runNumber)
-{
-    return -int(runNumber % std::numeric_limits<int>::max());
-}
-
-}  // namespace
 
 PhotoPipeline::PhotoPipeline(FolderWatcher& watcher, const WatcherServices& services, MainThread mainThread)
     : m_watcher(watcher),
@@ -29,21 +15,28 @@ PhotoPipeline::PhotoPipeline(FolderWatcher& watcher, const WatcherServices& serv
       m_waitingRoom(services.waitLimits, services.files, m_mainThread,
                     {[this](quint64 run, quint64 size) { sizeSettled(run, size); },
                      [this](quint64 run) { finish(run); }, [this](quint64 run) { released(run); },
-                     [this](quint64 run) { stillHeld(run); }})
+                     [this](quint64 run) { stillHeld(run); }}),
+      m_looks(services.times.looks, services.eyes, m_mainThread,
+              {[this](quint64 run, const PhotoReading& reading) { photoRead(run, reading); },
+               [this](quint64 run) { waitsForReader(run); },
+               [this](quint64 run, const QString& path, const PhotoReading& reading) {
+                   photoReadLate(run, path, reading);
+               },
+               [this](bool isAway) { readerAwayChanged(isAway); }})
 {
-    m_processingQueue.setMaxThreadCount(photosReadAtOnce);
+    m_trashPool.setMaxThreadCount(1);
 }
 
 PhotoPipeline::~PhotoPipeline()
 {
     prepareToQuit();
-    m_processingQueue.waitForDone();
+    m_trashPool.waitForDone();
 }
 
 void PhotoPipeline::prepareToQuit()
 {
-    m_stop.request_stop();
-    m_processingQueue.clear();
+    m_looks.prepareToQuit();
+    m_trashPool.clear();
 }
 
 bool PhotoPipeline::schedule(const QString& path)
@@ -92,12 +85,15 @@ void PhotoPipeline::released(quint64 number)
     run->stage = PhotoRun::Stage::Reading;
     const ShootManager* const store = m_watcher.m_shootManager;
     const bool detectCode = m_watcher.qrDetectionEnabled() && store && store->activeShoot();
-    m_processingQueue.start(
-        [this, number, path = run->path, detectCode] {
-            const PhotoReading reading = readPhoto(path, detectCode, m_services.eyes, m_stop.get_token());
-            m_mainThread.post([this, number, reading] { photoRead(number, reading); });
-        },
-        poolPriority(number));
+    const bool isRewritten = m_watcher.m_known.taggedSize(run->path).has_value();
+    m_looks.look({number, run->path, detectCode, isRewritten});
+}
+
+/// Until the metadata tool answers again; the photos behind it go on.
+void PhotoPipeline::waitsForReader(quint64 number)
+{
+    m_runs.find(number)->stage = PhotoRun::Stage::AwaitingReader;
+    takeSets();
 }
 
 void PhotoPipeline::photoRead(quint64 number, const PhotoReading& reading)
@@ -108,6 +104,43 @@ void PhotoPipeline::photoRead(quint64 number, const PhotoReading& reading)
     takeSets();
 }
 
+void PhotoPipeline::readerAwayChanged(bool isAway)
+{
+    if (isAway)
+        m_watcher.addLog(
+            QStringLiteral("⚠️ exiftool antwoordt niet op vragen over foto's — nieuwe foto's worden "
+                           "getagd zonder dat Morvak ze bekijkt; setkaarten op foto's worden later "
+                           "herkend"),
+            LogType::warning);
+    else
+        m_watcher.addLog(QStringLiteral("exiftool antwoordt weer — foto's worden weer bekeken"),
+                         LogType::info);
+}
+
+/// A card that comes to light late labels nothing anew. It activates its set only while nothing newer was
+/// activated, and is not moved to the Trash: it carries tags by now.
+void PhotoPipeline::photoReadLate(quint64 number, const QString& path, const PhotoReading& reading)
+{
+    const std::optional<SetMoment> before = m_lateCards.take(number);
+    const std::optional<SetData> set = otherSetOn(reading);
+    if (!before || !set || !m_watcher.qrDetectionEnabled())
+        return;
+    const QString name = lastPathComponent(path);
+    if (*before != moment() || !activateCard(reading)) {
+        m_watcher.addLog(
+            QStringLiteral("⚠️ Setkaart te laat herkend: %1 (%2) — niet geactiveerd, want daarna "
+                           "is een andere set gekozen; controleer de foto's na de kaart")
+                .arg(name, set->headline()),
+            LogType::warning);
+        return;
+    }
+    m_lateCards.cardActivated(number, *before, moment());
+    m_watcher.addLog(
+        QStringLiteral("⚠️ Setkaart te laat herkend: %1 — controleer de foto's die er al waren")
+            .arg(name),
+        LogType::warning);
+}
+
 void PhotoPipeline::takeSets()
 {
     while (PhotoRun* const run = m_runs.nextToTakeSet())
@@ -116,7 +149,9 @@ void PhotoPipeline::takeSets()
 
 void PhotoPipeline::takeSet(PhotoRun& run)
 {
-    if (activateCard(run) && m_watcher.deleteQRCardAfterScan()) {
+    if (run.reading.isIncomplete())
+        m_lateCards.note(run.number, moment());
+    if (activateCard(run.reading) && m_watcher.deleteQRCardAfterScan()) {
         discardCard(run);
     } else if (const std::optional<SetData> set = m_watcher.currentSet()) {
         tag(run, *set);
@@ -129,18 +164,31 @@ void PhotoPipeline::takeSet(PhotoRun& run)
     }
 }
 
-/// True when the photo shows the card of another set than the current one, which is then active.
-bool PhotoPipeline::activateCard(const PhotoRun& run)
+SetMoment PhotoPipeline::moment() const
 {
-    if (!run.reading.codeText || !m_watcher.m_shootManager)
-        return false;
-    const std::optional<SetData> parsed = SetData::parse(*run.reading.codeText);
-    if (!parsed)
-        return false;
+    const ShootManager* const store = m_watcher.m_shootManager;
+    const std::optional<Shoot> shoot = store ? store->activeShoot() : std::nullopt;
     const std::optional<SetData>& current = m_watcher.currentSet();
-    if (current && current->setNumber == parsed->setNumber && current->brand == parsed->brand)
+    return {shoot ? std::optional(shoot->id) : std::nullopt, shoot ? shoot->activationLog.size() : 0,
+            current ? std::optional(current->id) : std::nullopt};
+}
+
+/// The set on the card that the photo shows; none when it is the current one.
+std::optional<SetData> PhotoPipeline::otherSetOn(const PhotoReading& reading) const
+{
+    const std::optional<SetData> set = reading.codeText ? SetData::parse(*reading.codeText) : std::nullopt;
+    const std::optional<SetData>& current = m_watcher.currentSet();
+    const bool isCurrent =
+        set && current && current->setNumber == set->setNumber && current->brand == set->brand;
+    return isCurrent ? std::nullopt : set;
+}
+
+/// True when the photo shows the card of another set than the current one, which is then active.
+bool PhotoPipeline::activateCard(const PhotoReading& reading)
+{
+    if (!m_watcher.m_shootManager || !otherSetOn(reading))
         return false;
-    const std::optional<SetData> activated = m_watcher.m_shootManager->handleScanInput(*run.reading.codeText);
+    const std::optional<SetData> activated = m_watcher.m_shootManager->handleScanInput(*reading.codeText);
     if (activated)
         m_watcher.cardActivated(*activated);
     return activated.has_value();
@@ -149,7 +197,7 @@ bool PhotoPipeline::activateCard(const PhotoRun& run)
 void PhotoPipeline::discardCard(PhotoRun& run)
 {
     run.stage = PhotoRun::Stage::Trashing;
-    m_processingQueue.start([this, number = run.number, path = run.path] {
+    m_trashPool.start([this, number = run.number, path = run.path] {
         const bool moved = m_services.moveToTrash(path);
         m_mainThread.post([this, number, moved, path] {
             const QString name = lastPathComponent(path);

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/MainThread.h"
+#include "watch/LateCards.h"
+#include "watch/PhotoLooks.h"
 #include "watch/PhotoRuns.h"
 #include "watch/WaitingRoom.h"
 
 #include <QThreadPool>
-
-#include <stop_token>
 
 namespace morvak {
 
@@ -46,10 +46,15 @@ private:
     void sizeSettled(quint64 number, quint64 size);
     void released(quint64 number);
     void stillHeld(quint64 number);
+    void waitsForReader(quint64 number);
     void photoRead(quint64 number, const PhotoReading& reading);
+    void photoReadLate(quint64 number, const QString& path, const PhotoReading& reading);
+    void readerAwayChanged(bool isAway);
     void takeSets();
     void takeSet(PhotoRun& run);
-    bool activateCard(const PhotoRun& run);
+    [[nodiscard]] SetMoment moment() const;
+    [[nodiscard]] std::optional<SetData> otherSetOn(const PhotoReading& reading) const;
+    bool activateCard(const PhotoReading& reading);
     void discardCard(PhotoRun& run);
     void tag(PhotoRun& run, const SetData& set);
     void write(PhotoRun& run, const Tagging& tagging, const std::function<void(bool tagged)>& completion);
@@ -63,9 +68,10 @@ private:
     const WatcherServices& m_services;
     MainThread m_mainThread;
     PhotoRuns m_runs;
-    std::stop_source m_stop;
+    LateCards m_lateCards;
     WaitingRoom m_waitingRoom;
-    QThreadPool m_processingQueue;
+    PhotoLooks m_looks;
+    QThreadPool m_trashPool;
 };
 
 }  // namespace morvak

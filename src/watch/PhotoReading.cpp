@@ -15,26 +15,51 @@ bool isSmall(const QImage& image)
     return std::max(image.width(), image.height()) < readableLongSide;
 }
 
-/// The tool, with its answer about this photo's orientation kept: preview and own picture are turned alike.
-PreviewTool knowingOrientation(const PreviewTool& tool)
-{
-    const auto read = [tool, known = std::optional<QByteArray>()](const QStringList& options,
-                                                                  const QString& path) mutable {
+using Kind = ToolAnswer::Kind;
+
+/// The tool as one photo asks it: the answer about the orientation is kept, for preview and own picture are
+/// turned alike, and after an answer that did not come in time there are no more questions.
+class PatientTool {
+public:
+    explicit PatientTool(const PreviewTool& tool) : m_tool(tool) {}
+
+    [[nodiscard]] ToolAnswer read(const QStringList& options, const QString& path)
+    {
         if (options != orientationOptions())
-            return tool.read(options, path);
-        if (!known)
-            known = tool.read(options, path);
-        return *known;
-    };
-    return {tool.exists, read};
-}
+            return ask(options, path);
+        if (!m_orientation)
+            m_orientation = ask(options, path);
+        return *m_orientation;
+    }
+
+    /// Late once it was late; else whether it has printed anything.
+    [[nodiscard]] Kind kind() const { return m_kind; }
+
+private:
+    [[nodiscard]] ToolAnswer ask(const QStringList& options, const QString& path)
+    {
+        if (m_kind == Kind::Late)
+            return Kind::Late;
+        ToolAnswer answer = m_tool.read(options, path);
+        if (answer.kind != Kind::Unasked)
+            m_kind = answer.kind;
+        return answer;
+    }
+
+    const PreviewTool& m_tool;
+    std::optional<ToolAnswer> m_orientation;
+    Kind m_kind = Kind::Unasked;
+};
 
 }  // namespace
 
 PhotoReading readPhoto(const QString& path, bool detectCode, const PhotoEyes& eyes,
                        const std::stop_token& stop)
 {
-    const PreviewTool tool = knowingOrientation(eyes.tool);
+    PatientTool patient(eyes.tool);
+    const PreviewTool tool = {eyes.tool.exists, [&patient](const QStringList& options, const QString& photo) {
+                                  return patient.read(options, photo);
+                              }};
     std::optional<QImage> image = PreviewImage::extractPreviewImageSync(path, tool);
     std::optional<QString> text;
     if (image && detectCode)
@@ -46,7 +71,7 @@ PhotoReading readPhoto(const QString& path, bool detectCode, const PhotoEyes& ey
         if (!image)
             image = own;
     }
-    return {image ? makeThumbnail(*image) : QImage(), text};
+    return {image ? makeThumbnail(*image) : QImage(), text, patient.kind()};
 }
 
 }  // namespace morvak

@@ -15,6 +15,11 @@ namespace morvak {
 struct PhotoReading {
     QImage thumbnail;                 ///< 120 x 80; null when the photo shows nothing
     std::optional<QString> codeText;  ///< the text of the QR code on it
+    /// Late when the metadata tool left a question about the photo unanswered, and when nobody has looked.
+    ToolAnswer::Kind tool = ToolAnswer::Kind::Late;
+
+    /// Whether a code may be on the photo that was not seen.
+    [[nodiscard]] bool isIncomplete() const { return tool == ToolAnswer::Kind::Late && !codeText; }
 };
 
 /// What looking into a photo needs.
@@ -24,8 +29,9 @@ struct PhotoEyes {
 };
 
 /// Extracts the preview of a photo and, when `detectCode` is set, looks for a QR code on it; where the
-/// preview is missing, or small and without a code, also on the file's own picture. Blocks, on a pool thread;
-/// ends early when `stop` is requested.
+/// preview is missing, or small and without a code, also on the file's own picture. A tool that does not
+/// answer in time is asked nothing more about this photo. Blocks, on a pool thread; ends early when `stop` is
+/// requested.
 [[nodiscard]] PhotoReading readPhoto(const QString& path, bool detectCode, const PhotoEyes& eyes,
                                      const std::stop_token& stop);
 

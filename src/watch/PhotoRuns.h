@@ -13,12 +13,13 @@ namespace morvak {
 /// One photo on its way from its first event to its tag.
 struct PhotoRun {
     enum class Stage {
-        Settling,  ///< waiting for a stable size
-        Locked,    ///< waiting until nobody holds it
-        Reading,   ///< preview and recognition, in the pool
-        Ready,     ///< read; waiting for earlier photos to take their set
-        Writing,   ///< its request is with the metadata tool
-        Trashing   ///< a recognised card on its way to the Trash
+        Settling,        ///< waiting for a stable size
+        Locked,          ///< waiting until nobody holds it
+        Reading,         ///< preview and recognition, in the pool
+        AwaitingReader,  ///< rewritten, and the metadata tool does not answer now
+        Ready,           ///< read; waiting for earlier photos to take their set
+        Writing,         ///< its request is with the metadata tool
+        Trashing         ///< a recognised card on its way to the Trash
     };
     quint64 number = 0;  ///< in the order of scheduling
     QString path;
@@ -30,8 +31,8 @@ struct PhotoRun {
 };
 
 /// The runs under way, at most one a path, and the order in which they take their set: as scheduled. A photo
-/// that is still being read holds up those scheduled after it; one that is settling or locked holds up
-/// nobody.
+/// that is still being read holds up those scheduled after it; one that is settling or locked, or waits for
+/// the metadata tool, holds up nobody.
 class PhotoRuns {
 public:
     /// Null when the path has a run already. Pointers stay good until the run is removed.

@@ -69,7 +69,7 @@ QImage upright(const QImage& image, qint32 orientation)
 
 qint32 readOrientation(const QString& path, const PreviewTool& tool)
 {
-    return parseOrientation(tool.read(orientationOptions(), path));
+    return parseOrientation(tool.read(orientationOptions(), path).printed);
 }
 
 bool looksLikeJpeg(const QByteArray& data)
@@ -89,7 +89,7 @@ std::optional<QImage> PreviewImage::extractPreviewImageSync(const QString& from,
     if (isRawName(from))
         tags.append(QStringLiteral("-JpgFromRaw"));
     for (const QString& tag : tags) {
-        const QByteArray data = tool.read({QStringLiteral("-b"), tag}, from);
+        const QByteArray data = tool.read({QStringLiteral("-b"), tag}, from).printed;
         if (!looksLikeJpeg(data))
             continue;
         if (std::optional<QImage> image = orientedImage(data, readOrientation(from, tool)))

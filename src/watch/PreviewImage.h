@@ -1,5 +1,7 @@
 #pragma once
 
+#include "metadata/ToolAnswer.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QString>
@@ -13,8 +15,8 @@ namespace morvak {
 /// The metadata tool as the preview needs it.
 struct PreviewTool {
     std::function<bool()> exists;
-    /// What the tool prints for these options and this file; empty on any failure. Blocks.
-    std::function<QByteArray(const QStringList& options, const QString& path)> read;
+    /// What the tool prints for these options and this file. Blocks.
+    std::function<ToolAnswer(const QStringList& options, const QString& path)> read;
 };
 
 /// Previews and pictures of photos, upright and at most 4096 pixels on their long side. Stateless; blocks, so

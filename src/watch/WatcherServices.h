@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/Tagging.h"
-#include "watch/PhotoReading.h"
+#include "watch/PhotoLooks.h"
 #include "watch/WaitingRoom.h"
 #include "watch/WatchedFolder.h"
 
@@ -16,6 +16,7 @@ struct WatcherTimes {
     std::chrono::milliseconds eventLatency{500};
     std::chrono::milliseconds bannerTime{1800};
     std::chrono::milliseconds lookInterval{1000};  ///< between two looks for a missing folder
+    LookTimes looks;
 };
 
 /// Everything the watcher reaches outside itself, handed to it by the application; tests hand in their own.

@@ -79,9 +79,10 @@ public:
 
     [[nodiscard]] RawRenameSummary handOver()
     {
-        RawRenameTask task(RawRenameService([this](const QString& in, const QSet<QString>& extensions) {
-            return m_exifTool.readSubjectsAndDates(in, extensions);
-        }));
+        RawRenameTask task(RawRenameService(
+            [this](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+                return m_exifTool.readSubjectsAndDates(in, extensions, control);
+            }));
         const QSignalSpy finished(&task, &RawRenameTask::finished);
         task.start(capture(), path(u"klant"_s));
         [&] { QTRY_COMPARE_WITH_TIMEOUT(finished.size(), 1, 20'000); }();

@@ -145,9 +145,10 @@ void TestE2eFullDisk::renamedCopiesAreWholeOrNotThere()
         QTRY_VERIFY_WITH_TIMEOUT(tagged.has_value(), 30'000);
         QVERIFY(*tagged);
     }
-    const RawRenameService service([&](const QString& in, const QSet<QString>& extensions) {
-        return exifTool.readSubjectsAndDates(in, extensions);
-    });
+    const RawRenameService service(
+        [&](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+            return exifTool.readSubjectsAndDates(in, extensions, control);
+        });
     const auto copies = [&to] {
         QList<qint64> sizes;
         for (const QString& name : filesIn(to.path()))

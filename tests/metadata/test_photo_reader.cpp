@@ -1,9 +1,12 @@
 #include "FakeTool.h"
 #include "metadata/ExifToolService.h"
+#include "platform/ChildProcess.h"
+#include "support/StuckDisk.h"
 #include "support/TestMain.h"
 
 #include <QFile>
 
+#include <csignal>
 #include <future>
 
 using namespace std::chrono_literals;
@@ -12,16 +15,24 @@ using morvak::test::FakeTool;
 
 namespace {
 
+using Kind = ToolAnswer::Kind;
+
 const QStringList previewOptions = {QStringLiteral("-b"), QStringLiteral("-PreviewImage")};
 
-std::future<QByteArray> startRead(ExifToolService& service, const QString& path)
+std::future<ToolAnswer> startRead(ExifToolService& service, const QString& path)
 {
     return std::async(std::launch::async, [&service, path] { return service.read(previewOptions, path); });
 }
 
+Kind readKind(ExifToolService& service, const QString& path)
+{
+    return startRead(service, path).get().kind;
+}
+
+/// What the tool printed.
 QByteArray read(ExifToolService& service, const QString& path)
 {
-    return startRead(service, path).get();
+    return startRead(service, path).get().printed;
 }
 
 }  // namespace
@@ -38,6 +49,9 @@ private Q_SLOTS:
     void readsTheHeadline();
     void runsTheToolOnceWhenTheReaderDies();
     void givesUpOnASilentReader();
+    void cutsOffAnAnswerWithoutAnEnd();
+    void leavesBehindWhatTheKernelHoldsBack();
+    void idleToolThatDiesIsReaped();
     void givesNothingWithoutATool();
     void readsRegularFilesByAbsolutePathsOnly();
     void quitEndsEveryRead();
@@ -117,9 +131,62 @@ void TestPhotoReader::givesUpOnASilentReader()
     tool.control(QStringLiteral("payload"), "from the reader");
     ExifToolService service(tool.config());
     const QString photo = tool.photo(QStringLiteral("a.jpg"));
-    QCOMPARE(read(service, photo), QByteArray());
-    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(readKind(service, photo), Kind::Late);
+    QCOMPARE(readKind(service, photo), Kind::Late);
     QCOMPARE(read(service, photo), QByteArray("from the reader"));
+    QCOMPARE(tool.count(QStringLiteral("one-shot")), 0);
+}
+
+void TestPhotoReader::cutsOffAnAnswerWithoutAnEnd()
+{
+    const FakeTool tool("flood payload");
+    tool.control(QStringLiteral("payload"), "from the reader");
+    ExifToolConfig config = tool.config();
+    config.reader.answer = 10min;
+    ExifToolService service(config);
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QCOMPARE(readKind(service, photo), Kind::Late);
+    const qsizetype megabytes = tool.count(QStringLiteral("flooded"));
+    QVERIFY2(megabytes >= 64 && megabytes <= 66, qPrintable(QString::number(megabytes)));
+    QCOMPARE(read(service, photo), QByteArray("from the reader"));
+}
+
+/// A tool that even SIGKILL does not end keeps nobody from the next answer, and is reaped when it ends.
+void TestPhotoReader::leavesBehindWhatTheKernelHoldsBack()
+{
+    const FakeTool tool("opens");
+    ExifToolService service(tool.config());
+    {
+        const test::StuckDisk disk;
+        if (!disk.isMounted())
+            QSKIP("only for who may mount");
+        QCOMPARE(readKind(service, disk.photo()), Kind::Late);
+        QCOMPARE(read(service, tool.photo(QStringLiteral("a.jpg"))), QByteArray("opened"));
+        QCOMPARE(ChildProcess::abandonedCount(), 1);
+        // No more than a few of them; then a photo is late at once.
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(readKind(service, disk.photo()), Kind::Late);
+        QCOMPARE(readKind(service, tool.path(QStringLiteral("a.jpg"))), Kind::Late);
+        QCOMPARE(tool.count(QStringLiteral("launch")), 4);
+    }
+    QTRY_COMPARE(ChildProcess::abandonedCount(), 0);
+    QCOMPARE(read(service, tool.path(QStringLiteral("a.jpg"))), QByteArray("opened"));
+    service.terminateForAppQuit();
+}
+
+void TestPhotoReader::idleToolThatDiesIsReaped()
+{
+    const FakeTool tool("payload");
+    tool.control(QStringLiteral("payload"), "from the reader");
+    ExifToolService service(tool.config());
+    const QString photo = tool.photo(QStringLiteral("a.jpg"));
+    QCOMPARE(read(service, photo), QByteArray("from the reader"));
+    const QList<int> idle = test::childProcesses();
+    QCOMPARE(idle.size(), 1);
+    ::kill(idle.first(), SIGKILL);
+    QTRY_COMPARE(test::childProcesses(), QList<int>());
+    QCOMPARE(read(service, photo), QByteArray("from the reader"));
+    QCOMPARE(tool.count(QStringLiteral("launch")), 2);
     QCOMPARE(tool.count(QStringLiteral("one-shot")), 0);
 }
 
@@ -131,9 +198,9 @@ void TestPhotoReader::givesNothingWithoutATool()
     config.findTool = [&place] { return place; };
     ExifToolService service(config);
     const QString photo = tool.photo(QStringLiteral("a.jpg"));
-    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(readKind(service, photo), Kind::Unasked);
     place = tool.photo(QStringLiteral("not executable"));
-    QCOMPARE(read(service, photo), QByteArray());
+    QCOMPARE(readKind(service, photo), Kind::Unasked);
 }
 
 void TestPhotoReader::readsRegularFilesByAbsolutePathsOnly()
@@ -144,7 +211,7 @@ void TestPhotoReader::readsRegularFilesByAbsolutePathsOnly()
     ExifToolService service(tool.config());
     for (const QString& path : {QStringLiteral("-ver"), QString(), tool.path({}),
                                 tool.path(QStringLiteral("a\nb.jpg")), tool.path(QStringLiteral("gone.jpg"))})
-        QCOMPARE(read(service, path), QByteArray());
+        QCOMPARE(readKind(service, path), Kind::Unasked);
     QCOMPARE(tool.log(), QStringList());
 }
 
@@ -156,14 +223,14 @@ void TestPhotoReader::quitEndsEveryRead()
     config.reader.dropPatience = 10min;
     ExifToolService service(config);
     const QString photo = tool.photo(QStringLiteral("a.jpg"));
-    std::vector<std::future<QByteArray>> reads;
+    std::vector<std::future<ToolAnswer>> reads;
     for (int i = 0; i < 4; ++i)
         reads.push_back(startRead(service, photo));
     QTRY_COMPARE(tool.count(QStringLiteral("request")), 1);
     service.terminateForAppQuit();
-    for (std::future<QByteArray>& each : reads)
-        QCOMPARE(each.get(), QByteArray());
-    QCOMPARE(read(service, photo), QByteArray());
+    for (std::future<ToolAnswer>& each : reads)
+        QCOMPARE(each.get().kind, Kind::Unasked);
+    QCOMPARE(readKind(service, photo), Kind::Unasked);
     QCOMPARE(tool.count(QStringLiteral("request")), 1);
 }
 

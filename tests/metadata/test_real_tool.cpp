@@ -134,7 +134,7 @@ bool TestRealTool::tag(const QString& path, const SetData& set, const QString& s
 
 QByteArray TestRealTool::read(const QStringList& options, const QString& path)
 {
-    return std::async(std::launch::async, [&] { return m_service->read(options, path); }).get();
+    return std::async(std::launch::async, [&] { return m_service->read(options, path).printed; }).get();
 }
 
 void TestRealTool::everyRowIsReadBack_data()

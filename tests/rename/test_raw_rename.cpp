@@ -90,7 +90,9 @@ private:
     [[nodiscard]] QByteArray run(const QByteArray& entries, const QString& to) const
     {
         const RawRenameService service(
-            [&entries](const QString&, const QSet<QString>&) { return entriesOf(entries); });
+            [&entries](const QString&, const QSet<QString>&, const ReadingControl&) {
+                return FolderMetadata{entriesOf(entries)};
+            });
         return textOf(service.run(source(), to));
     }
     [[nodiscard]] QByteArray run(const QByteArray& entries) const { return run(entries, destination()); }
@@ -231,18 +233,25 @@ void TestRawRename::aDestinationThatCannotBeIsTold()
 void TestRawRename::canBeGivenUpBetweenFiles()
 {
     add("a.CR3");
-    const RawRenameService service([](const QString&, const QSet<QString>&) {
-        return Entries(3, {QStringLiteral("a.CR3"), QStringLiteral("X"), {}});
-    });
     std::stop_source stop;
+    const RawRenameService service(
+        [&stop](const QString&, const QSet<QString>&, const ReadingControl& control) {
+            if (control.giveUp != stop.get_token())
+                qFatal("a reading could not be given up");
+            control.progress(0, 9);
+            return FolderMetadata{Entries(3, {QStringLiteral("a.CR3"), QStringLiteral("X"), {}}), 4, 2};
+        });
     QList<std::pair<qsizetype, qsizetype>> seen;
     const auto progress = [&](qsizetype done, qsizetype total) {
         seen.append({done, total});
         if (done == 2)
             stop.request_stop();
     };
-    QCOMPARE(service.run(source(), destination(), progress, stop.get_token()).renamedCount(), 2);
-    QCOMPARE(seen, (QList<std::pair<qsizetype, qsizetype>>{{0, 3}, {1, 3}, {2, 3}}));
+    const RawRenameSummary summary = service.run(source(), destination(), progress, stop.get_token());
+    QCOMPARE(summary.renamedCount(), 2);
+    QCOMPARE(summary.unsendable, 4);
+    QCOMPARE(summary.unread, 2);
+    QCOMPARE(seen, (QList<std::pair<qsizetype, qsizetype>>{{0, 9}, {0, 3}, {1, 3}, {2, 3}}));
     QCOMPARE(filesIn(destination()).size(), 2);
     QVERIFY(service.run(source(), m_root.filePath(QStringLiteral("none")), {}, stop.get_token())
                 .results.isEmpty());
@@ -271,9 +280,10 @@ void TestRawRename::copiesTaggedPhotos()
     const auto before = filesIn(source());
 
     ExifToolService tool;
-    const RawRenameService service([&tool](const QString& in, const QSet<QString>& extensions) {
-        return tool.readSubjectsAndDates(in, extensions);
-    });
+    const RawRenameService service(
+        [&tool](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+            return tool.readSubjectsAndDates(in, extensions, control);
+        });
     auto summary = std::async(std::launch::async, [&] { return service.run(source(), destination()); });
     QList<QByteArray> results = textOf(summary.get()).split(';');
     std::sort(results.begin(), results.end());

@@ -24,10 +24,11 @@ struct HeldService {
     }
     [[nodiscard]] RawRenameService service()
     {
-        return RawRenameService([this](const QString&, const QSet<QString>&) {
+        return RawRenameService([this](const QString&, const QSet<QString>&, const ReadingControl&) {
             readings.release();
             gate.acquire();
-            return QList<SubjectAndDate>(2, {QStringLiteral("a.CR3"), QStringLiteral("X"), {}});
+            return FolderMetadata{
+                QList<SubjectAndDate>(2, {QStringLiteral("a.CR3"), QStringLiteral("X"), {}})};
         });
     }
     [[nodiscard]] QString source() const { return folder.path(); }

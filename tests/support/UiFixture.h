@@ -59,11 +59,14 @@ public:
     int toolStarts = 0;
     ProductCatalog catalog{data.filePath(QStringLiteral("catalog.json"))};
     QList<SubjectAndDate> taggedPhotos;  ///< what the tool reads from whatever folder
-    RawRenameService::Reading readFolder = [this](const QString&, const QSet<QString>&) {
-        return taggedPhotos;
+    RawRenameService::Reading readFolder = [this](const QString&, const QSet<QString>&,
+                                                  const ReadingControl&) {
+        return FolderMetadata{taggedPhotos};
     };
     RawRenameService rename{
-        [this](const QString& in, const QSet<QString>& extensions) { return readFolder(in, extensions); }};
+        [this](const QString& in, const QSet<QString>& extensions, const ReadingControl& control) {
+            return readFolder(in, extensions, control);
+        }};
     UiServices ui{store,
                   *watcher,
                   catalog,

@@ -41,7 +41,8 @@ private:
     WatcherFixture& m_fixture;
 };
 
-WatcherFixture::WatcherFixture() : store(data.filePath(QStringLiteral("shoots.json")))
+WatcherFixture::WatcherFixture(LookTimes times)
+    : store(data.filePath(QStringLiteral("shoots.json"))), m_looks(times)
 {
     watcher.emplace(services());
     watcher->setShootManager(&store);
@@ -125,6 +126,7 @@ WatcherServices WatcherFixture::services()
     result.times.eventLatency = std::chrono::milliseconds(20);
     result.times.bannerTime = std::chrono::milliseconds(50);
     result.times.lookInterval = std::chrono::milliseconds(2);
+    result.times.looks = m_looks;
     return result;
 }
 
@@ -139,10 +141,16 @@ void WatcherFixture::passGate(const QString& name)
         gate->acquire();
 }
 
-QByteArray WatcherFixture::answer(const QStringList& options, const QString& file)
+ToolAnswer WatcherFixture::answer(const QStringList& options, const QString& file)
 {
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_questions.append(lastPathComponent(file));
+        if (m_readerIsAway || m_unanswered.contains(lastPathComponent(file)))
+            return ToolAnswer::Kind::Late;
+    }
     if (options.constLast() != QStringLiteral("-PreviewImage"))
-        return {};
+        return QByteArray();
     const QString name = lastPathComponent(file);
     int height = codelessHeight;
     {
@@ -214,6 +222,21 @@ void WatcherFixture::allowReading(const QString& name)
 {
     const QMutexLocker lock(&m_mutex);
     m_gates.take(name)->release(100);
+}
+
+void WatcherFixture::setUnanswered(const QString& name, bool unanswered)
+{
+    const QMutexLocker lock(&m_mutex);
+    if (unanswered)
+        m_unanswered.insert(name);
+    else
+        m_unanswered.remove(name);
+}
+
+qsizetype WatcherFixture::questions(const QString& name) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_questions.count(name);
 }
 
 void WatcherFixture::setHeld(const QString& name, bool held)

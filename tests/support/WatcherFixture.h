@@ -7,6 +7,7 @@
 #include <QSemaphore>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <optional>
 
 namespace morvak::test {
@@ -22,7 +23,7 @@ public:
         std::function<void(bool)> completion;
     };
 
-    WatcherFixture();
+    explicit WatcherFixture(LookTimes times = {});
 
     /// Puts a photo into the folder; the next one under the same name is a new file. One that is called
     /// ancient... looks as if nothing had changed it for years.
@@ -42,6 +43,13 @@ public:
     /// Looking into the photo, or for its headline, waits until `allowReading`.
     void holdReading(const QString& name);
     void allowReading(const QString& name);
+
+    /// The tool leaves every question about this photo, or about each one, unanswered.
+    void setUnanswered(const QString& name, bool unanswered = true);
+    void setReaderAway(bool away) { m_readerIsAway = away; }
+
+    /// How often the tool was asked about the photo.
+    [[nodiscard]] qsizetype questions(const QString& name) const;
 
     void setHeld(const QString& name, bool held);
 
@@ -74,16 +82,20 @@ private:
 
     FolderSources folderSources();
     WatcherServices services();
-    QByteArray answer(const QStringList& options, const QString& path);
+    ToolAnswer answer(const QStringList& options, const QString& path);
     std::optional<QString> headlineOf(const QString& path);
     void passGate(const QString& name);
     void replaceAsTheToolDoes(const QString& name);
 
+    const LookTimes m_looks;
+    std::atomic<bool> m_readerIsAway = false;
     FolderEventHandler m_handler;
     FolderPlaceHandler m_placeHandler;
     quint32 m_lastRename = 0;
     mutable QMutex m_mutex;  // guards what the pool and the waiting room ask for
     QSet<QString> m_held;
+    QSet<QString> m_unanswered;
+    QStringList m_questions;  // the photo of each
     QHash<QString, QString> m_cards;
     QHash<QString, std::shared_ptr<QSemaphore>> m_gates;
 };

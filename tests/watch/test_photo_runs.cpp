@@ -36,6 +36,8 @@ void TestPhotoRuns::setsAreTakenAsScheduled()
     card->stage = Stage::Reading;
     photo->stage = Stage::Ready;
     QVERIFY2(!runs.nextToTakeSet(), "the photo waits for the card");
+    card->stage = Stage::AwaitingReader;
+    QCOMPARE(runs.nextToTakeSet(), photo);
 
     card->stage = Stage::Ready;
     QCOMPARE(runs.nextToTakeSet(), card);

@@ -55,14 +55,17 @@ QString edges(const QImage& image)
 struct FakeTool {
     QHash<QString, QByteArray> answers;
     QStringList asked;
+    QString late;  ///< the question that it does not answer in time
     bool exists = true;
 
     PhotoEyes eyes()
     {
         PhotoEyes result;
         result.tool.exists = [this] { return exists; };
-        result.tool.read = [this](const QStringList& options, const QString&) {
+        result.tool.read = [this](const QStringList& options, const QString&) -> ToolAnswer {
             asked.append(options.join(u' '));
+            if (asked.constLast() == late)
+                return ToolAnswer::Kind::Late;
             return answers.value(options.join(u' '));
         };
         result.detectQRText = [this](const QImage& image, const std::stop_token&) {
@@ -96,6 +99,8 @@ private Q_SLOTS:
     void largePictureIsDecodedSmaller();
     void looksAtOwnPicture_data();
     void looksAtOwnPicture();
+    void aToolThatIsLateIsAskedNoMore_data();
+    void aToolThatIsLateIsAskedNoMore();
     void thumbnailShowsTheCentre();
 };
 
@@ -230,6 +235,33 @@ void TestPreviewImage::looksAtOwnPicture()
     const PhotoReading unlooked = readPhoto(path, false, tool.eyes(), {});
     QVERIFY(tool.seen.isEmpty() && !unlooked.codeText);
     QCOMPARE(unlooked.thumbnail.isNull(), previewSize.isEmpty());
+}
+
+void TestPreviewImage::aToolThatIsLateIsAskedNoMore_data()
+{
+    QTest::addColumn<QString>("late");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("asked");
+    QTest::addColumn<bool>("isIncomplete");
+    QTest::newRow("at once") << preview << "a.dng" << QStringList{preview} << true;
+    QTest::newRow("then") << thumbnail << "a.dng" << QStringList{preview, thumbnail} << true;
+    QTest::newRow("the own picture shows a code") << preview << "a.jpg" << QStringList{preview} << false;
+    QTest::newRow("never") << QString() << "a.dng" << QStringList{preview, thumbnail, fullJpeg} << false;
+}
+
+void TestPreviewImage::aToolThatIsLateIsAskedNoMore()
+{
+    QFETCH(const QString, late);
+    QFETCH(const QString, name);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(name);
+    QVERIFY(landscape(1000, 800).save(path, "jpg"));
+    FakeTool tool;
+    tool.late = late;
+    tool.codeOnSize = QSize(1000, 800);
+    const PhotoReading reading = readPhoto(path, true, tool.eyes(), {});
+    QTEST(tool.asked, "asked");
+    QTEST(reading.isIncomplete(), "isIncomplete");
 }
 
 void TestPreviewImage::thumbnailShowsTheCentre()

@@ -35,13 +35,24 @@ QString RenameTexts::ending(const RawRenameSummary& summary, const RenameEnd& en
     if (end.gaveUp && (done < end.total || end.total == 0))
         return end.total == 0 ? tr("Gestopt voordat er een bestand gekopieerd was.")
                               : tr("Gestopt: %1 van %2 bestanden gedaan.").arg(done).arg(end.total);
-    if (done > 0)
-        return {};
-    if (end.photosInSource == 0)
-        return tr("Geen RAW- of JPEG-bestanden gevonden in de bronmap.");
-    return tr("De metadata van de foto's in de bronmap (%1) kon niet gelezen worden. Probeer het opnieuw, of "
-              "verdeel de foto's over meer mappen: Morvak leest een map in hooguit een halve minuut.")
-        .arg(end.photosInSource);
+    if (const QString text = leftOut(summary); !text.isEmpty())
+        return text;
+    return done > 0 ? QString() : tr("Geen RAW- of JPEG-bestanden gevonden in de bronmap.");
+}
+
+QString RenameTexts::leftOut(const RawRenameSummary& summary)
+{
+    QStringList texts;
+    if (summary.unread > 0)
+        texts.append(
+            tr("Niet gekopieerd omdat de metadata niet gelezen kon worden: %1. Begin opnieuw als alle "
+               "foto's mee moeten: de nummers kunnen dan anders worden.")
+                .arg(summary.unread));
+    if (summary.unsendable > 0)
+        texts.append(tr("Niet gekopieerd omdat hun bestandsnaam niet leesbaar is (een regeleinde of een "
+                        "onbekend teken): %1.")
+                         .arg(summary.unsendable));
+    return texts.join(u' ');
 }
 
 }  // namespace morvak

@@ -10,8 +10,7 @@ namespace morvak {
 /// How a run of the RAW rename ended, beyond its results.
 struct RenameEnd {
     bool gaveUp = false;
-    qsizetype total = 0;           ///< files whose metadata was read
-    qsizetype photosInSource = 0;  ///< looked up only where there are no results
+    qsizetype total = 0;  ///< files that were to be read or copied when it ended
 };
 
 /// What the tab "Hernoemen" says of a run. Pure; any thread.
@@ -35,8 +34,11 @@ public:
     /// "12 hernoemd, 3 overgeslagen."
     [[nodiscard]] static QString counts(const RawRenameSummary& summary);
 
-    /// What the results do not tell: that the run was given up, or why it has none. Empty else.
+    /// What the results do not tell: that the run was given up, or why files have none. Empty else.
     [[nodiscard]] static QString ending(const RawRenameSummary& summary, const RenameEnd& end);
+
+private:
+    [[nodiscard]] static QString leftOut(const RawRenameSummary& summary);
 };
 
 }  // namespace morvak

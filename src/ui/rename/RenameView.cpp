@@ -1,7 +1,5 @@
 #include "ui/rename/RenameView.h"
 
-#include "platform/FileName.h"
-#include "platform/PhotoFile.h"
 #include "ui/base/Dialogs.h"
 #include "ui/base/UiServices.h"
 #include "ui/base/blocks/Buttons.h"
@@ -24,8 +22,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace morvak {
@@ -33,15 +29,6 @@ namespace morvak {
 namespace {
 
 constexpr int leastListHeight = 116;  // four rows
-
-qsizetype photosIn(const QString& folder)
-{
-    const QStringList names = folderEntries(folder).value_or(QStringList());
-    return std::count_if(names.begin(), names.end(), [&folder](const QString& name) {
-        return RawRenameService::rawExtensions().contains(lowerCaseExtension(name)) &&
-               regularFileState(folder + u'/' + name);
-    });
-}
 
 }  // namespace
 
@@ -202,12 +189,9 @@ void RenameView::start()
 void RenameView::finished(const RawRenameSummary& summary)
 {
     m_progress->end();
-    RenameEnd end{m_gaveUp, m_total, 0};
-    if (summary.results.isEmpty() && !m_gaveUp)
-        end.photosInSource = photosIn(m_source->folder());
     m_results->setSummary(summary);
     m_counts->setText(RenameTexts::counts(summary));
-    m_ending->setText(RenameTexts::ending(summary, end));
+    m_ending->setText(RenameTexts::ending(summary, {m_gaveUp, m_total}));
     m_ending->setVisible(!m_ending->text().isEmpty());
     m_list->setVisible(!summary.results.isEmpty());
     m_result->show();

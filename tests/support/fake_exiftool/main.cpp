@@ -63,6 +63,16 @@ void waitFor(const std::string& name)
         ::poll(nullptr, 0, 2);
 }
 
+/// Until nobody listens any more.
+void flood()
+{
+    constexpr std::size_t megabyte = 1024 * 1024;
+    for (const std::string bytes(megabyte, 'x');;) {
+        say(bytes);
+        log("flooded");
+    }
+}
+
 void answer(const std::string& behaviour, const std::string& number, const std::string& path)
 {
     const std::string marker = "{ready" + number + "}\n";
@@ -76,6 +86,16 @@ void answer(const std::string& behaviour, const std::string& number, const std::
     if (behaviour == "garbage") {
         for (int i = 0; i < 64; ++i)
             say(std::string(65536, '\xff') + "{ready" + number);
+    } else if (behaviour == "flood") {
+        flood();
+    } else if (behaviour == "opens") {
+        ::close(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+        say("opened" + marker);
+    } else if (behaviour == "afterthought") {
+        say(updated);
+        waitFor("heard" + number);
+        say("an error, too late\n");
+        log("afterthought");
     } else if (behaviour == "pieces") {
         for (const char c : updated)
             say(std::string(1, c));

@@ -152,24 +152,32 @@ void TestRenameView::resultLines()
 void TestRenameView::endIsTold_data()
 {
     QTest::addColumn<int>("results");
+    QTest::addColumn<int>("unread");
+    QTest::addColumn<int>("unsendable");
     QTest::addColumn<RenameEnd>("end");
     QTest::addColumn<QString>("told");
-    QTest::newRow("all done") << 3 << RenameEnd{false, 3, 0} << QString();
-    QTest::newRow("given up") << 2 << RenameEnd{true, 348, 0} << u"Gestopt: 2 van 348 bestanden gedaan."_s;
-    QTest::newRow("given up too late") << 3 << RenameEnd{true, 3, 0} << QString();
+    QTest::newRow("all done") << 3 << 0 << 0 << RenameEnd{false, 3} << QString();
+    QTest::newRow("given up") << 2 << 0 << 0 << RenameEnd{true, 348}
+                              << u"Gestopt: 2 van 348 bestanden gedaan."_s;
+    QTest::newRow("given up too late") << 3 << 0 << 0 << RenameEnd{true, 3} << QString();
     QTest::newRow("given up while reading")
-        << 0 << RenameEnd{true, 0, 0} << u"Gestopt voordat er een bestand gekopieerd was."_s;
-    QTest::newRow("no photos") << 0 << RenameEnd{}
+        << 0 << 0 << 0 << RenameEnd{true, 0} << u"Gestopt voordat er een bestand gekopieerd was."_s;
+    QTest::newRow("no photos") << 0 << 0 << 0 << RenameEnd{}
                                << u"Geen RAW- of JPEG-bestanden gevonden in de bronmap."_s;
-    QTest::newRow("not read") << 0 << RenameEnd{false, 0, 4000} << u"(4000) kon niet gelezen worden"_s;
+    QTest::newRow("none read") << 0 << 4000 << 0 << RenameEnd{} << u"gelezen kon worden: 4000. "_s;
+    QTest::newRow("some not read") << 3 << 256 << 0 << RenameEnd{false, 3} << u"gelezen kon worden: 256. "_s;
+    QTest::newRow("odd names") << 3 << 0 << 2 << RenameEnd{false, 3} << u"een onbekend teken): 2."_s;
 }
 
 void TestRenameView::endIsTold()
 {
     QFETCH(const int, results);
+    QFETCH(const int, unread);
+    QFETCH(const int, unsendable);
     QFETCH(const RenameEnd, end);
     QFETCH(const QString, told);
-    const QString ending = RenameTexts::ending({QList<RawRenameResult>(results, renamed)}, end);
+    const QString ending =
+        RenameTexts::ending({QList<RawRenameResult>(results, renamed), unread, unsendable}, end);
     QCOMPARE(ending.isEmpty(), told.isEmpty());
     QVERIFY2(ending.contains(told), qPrintable(ending));
 }
@@ -239,10 +247,10 @@ void TestRenameView::runIsGivenUp()
     QSemaphore readings;
     QSemaphore gate;
     Rename rename;
-    rename.readFolder = [&](const QString&, const QSet<QString>&) {
+    rename.readFolder = [&](const QString&, const QSet<QString>&, const ReadingControl&) {
         readings.release();
         gate.acquire();
-        return QList<SubjectAndDate>(5, {u"a.CR3"_s, u"Noord"_s, {}});
+        return FolderMetadata{QList<SubjectAndDate>(5, {u"a.CR3"_s, u"Noord"_s, {}})};
     };
     rename.show();
     rename.chooseFolders();
@@ -268,8 +276,9 @@ void TestRenameView::taggedPhotosAreCopied()
 {
     ExifToolService tool;
     Rename rename;
-    rename.readFolder = [&tool](const QString& in, const QSet<QString>& extensions) {
-        return tool.readSubjectsAndDates(in, extensions);
+    rename.readFolder = [&tool](const QString& in, const QSet<QString>& extensions,
+                                const ReadingControl& control) {
+        return tool.readSubjectsAndDates(in, extensions, control);
     };
     const samples::PhotoOptions options = samples::plainPhoto(QSize(16, 16));
     const QString photo = rename.source.filePath(u"IMG_1.NEF"_s);
