@@ -170,7 +170,7 @@ SingleInstance::Outcome SingleInstance::fail(const QString& problem)
     return Outcome::Failed;
 }
 
-/// Whoever has the lock is not kept away by another user's process, which may take any name it likes.
+/// The holder of the lock starts even when another user's process has taken the name: names are free to all.
 bool SingleInstance::becomeFirst()
 {
     const Lock::Holder holder = m_lock->take();
