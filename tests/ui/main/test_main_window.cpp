@@ -13,6 +13,7 @@
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
