@@ -24,6 +24,8 @@ public:
     };
 
     explicit WatcherFixture(LookTimes times = {});
+    ~WatcherFixture() { watcher.reset(); }  // its threads ask this fixture until they have ended
+    Q_DISABLE_COPY_MOVE(WatcherFixture)
 
     /// Puts a photo into the folder; the next one under the same name is a new file. One that is called
     /// ancient... looks as if nothing had changed it for years.
