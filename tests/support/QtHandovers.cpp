@@ -38,6 +38,7 @@ private:
         switch (which) {
             case Call:
                 self->m_slot->call(receiver, arguments);
+                __tsan_release(self);  // the poster may be the one that destroys it
                 __tsan_release(QThread::currentThread());
                 break;
             case Compare:
